@@ -1,0 +1,24 @@
+#pragma once
+
+// kvdao: the data-access library for sample lists, generic batches, quantify
+// methods and logs. This header brings in every public class.
+
+#include "kvdao/version.h"
+
+#include "kvdao/platform/archive.h"
+#include "kvdao/platform/dao_types.h"
+#include "kvdao/platform/environment.h"
+#include "kvdao/platform/exceptions.h"
+#include "kvdao/platform/message.h"
+#include "kvdao/platform/path.h"
+#include "kvdao/platform/stdio_file.h"
+#include "kvdao/platform/text.h"
+#include "kvdao/platform/variant.h"
+
+#include "kvdao/samplelist/kv_variant.h"
+#include "kvdao/samplelist/sample_list.h"
+#include "kvdao/samplelist/sample_list_mem.h"
+#include "kvdao/samplelist/sample_list_row.h"
+#include "kvdao/samplelist/schema.h"
+
+#include "kvdao/support/external_program.h"
