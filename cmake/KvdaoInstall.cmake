@@ -22,5 +22,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/kvdaoConfigVersion.cmake
 install(FILES ${PROJECT_BINARY_DIR}/kvdaoConfig.cmake ${PROJECT_BINARY_DIR}/kvdaoConfigVersion.cmake
   DESTINATION ${KVDAO_CMAKE_DIR})
 
+# The pkg-config file finds its prefix relative to itself, so that an
+# install under any --prefix is usable as it lies.
+file(RELATIVE_PATH KVDAO_PC_TO_PREFIX "/prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/prefix")
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kvdao.pc.in ${PROJECT_BINARY_DIR}/kvdao.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kvdao.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

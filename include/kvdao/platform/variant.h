@@ -157,7 +157,7 @@ class Variant {
   struct TextBlock;
 
   VARTYPE vt_ = VT_EMPTY;
-  std::uint16_t reserved_[3] = {0, 0, 0};
+  [[maybe_unused]] std::uint16_t reserved_[3] = {0, 0, 0};
   union Payload {
     std::int16_t i16;
     std::uint16_t u16;
