@@ -25,6 +25,7 @@ for fuzzer in "$build"/fuzz/*_fuzz; do
   fi
   echo "fuzz: $name for ${seconds}s"
   if ! "$fuzzer" -max_total_time="$seconds" -print_final_stats=0 -rss_limit_mb=2048 \
+      -artifact_prefix="$build/$name-" \
       "$work" "$seeds" > "$build/$name.log" 2>&1; then
     echo "fuzz: $name FAILED; the end of its log:"
     tail -n 40 "$build/$name.log"

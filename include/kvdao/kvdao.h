@@ -6,11 +6,13 @@
 #include "kvdao/version.h"
 
 #include "kvdao/platform/archive.h"
+#include "kvdao/platform/atomic_file.h"
 #include "kvdao/platform/dao_types.h"
 #include "kvdao/platform/environment.h"
 #include "kvdao/platform/exceptions.h"
 #include "kvdao/platform/message.h"
 #include "kvdao/platform/path.h"
+#include "kvdao/platform/profile.h"
 #include "kvdao/platform/stdio_file.h"
 #include "kvdao/platform/text.h"
 #include "kvdao/platform/variant.h"
