@@ -18,6 +18,7 @@
 #include "kvdao/platform/variant.h"
 
 #include "kvdao/samplelist/kv_variant.h"
+#include "kvdao/samplelist/sample_db_record.h"
 #include "kvdao/samplelist/sample_list.h"
 #include "kvdao/samplelist/sample_list_mem.h"
 #include "kvdao/samplelist/sample_list_row.h"
