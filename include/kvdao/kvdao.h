@@ -21,4 +21,8 @@
 #include "kvdao/samplelist/sample_list_row.h"
 #include "kvdao/samplelist/schema.h"
 
+#include "kvdao/method/record.h"
+#include "kvdao/method/record_array.h"
+#include "kvdao/method/record_manager.h"
+
 #include "kvdao/support/external_program.h"
