@@ -24,6 +24,7 @@
 #include "kvdao/samplelist/schema.h"
 
 #include "kvdao/method/internal_method.h"
+#include "kvdao/method/mass_string_comparitor.h"
 #include "kvdao/method/method_data_fields.h"
 #include "kvdao/method/method_record.h"
 #include "kvdao/method/record.h"
