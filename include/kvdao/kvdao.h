@@ -16,6 +16,8 @@
 #include "kvdao/platform/stdio_file.h"
 #include "kvdao/platform/text.h"
 #include "kvdao/platform/variant.h"
+#include "kvdao/platform/word_match.h"
+#include "kvdao/platform/xml_builder.h"
 
 #include "kvdao/samplelist/kv_variant.h"
 #include "kvdao/samplelist/sample_db_record.h"
@@ -23,5 +25,13 @@
 #include "kvdao/samplelist/sample_list_mem.h"
 #include "kvdao/samplelist/sample_list_row.h"
 #include "kvdao/samplelist/schema.h"
+
+#include "kvdao/method/internal_method.h"
+#include "kvdao/method/mass_string_comparitor.h"
+#include "kvdao/method/method_data_fields.h"
+#include "kvdao/method/method_record.h"
+#include "kvdao/method/record.h"
+#include "kvdao/method/record_array.h"
+#include "kvdao/method/record_manager.h"
 
 #include "kvdao/support/external_program.h"

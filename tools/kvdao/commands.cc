@@ -3,6 +3,7 @@
 namespace kvdao::cli {
 
 int RunSchemaCommand(CommandContext& context);
+int RunMethodCommand(CommandContext& context);
 
 namespace {
 
@@ -15,6 +16,18 @@ constexpr Command kCommands[] = {
      "\n"
      "  --json   one JSON array of {index, name, type, typeName, optional}\n",
      RunSchemaCommand},
+    {"method", "convert quantify method records between raw and XML form",
+     "usage: kvdao method to-xml RAWFILE [XMLFILE]\n"
+     "       kvdao method from-xml XMLFILE RAWFILE\n"
+     "\n"
+     "A raw file is a sequence of 3504-byte method records (docs/method-record.md).\n"
+     "\n"
+     "  to-xml     writes every record of RAWFILE as a METHODRECORD element under\n"
+     "             one METHOD element, to XMLFILE or standard output\n"
+     "  from-xml   reads every METHODRECORD element of XMLFILE (the document\n"
+     "             element itself or its children) into RAWFILE; fields an\n"
+     "             element leaves out get their defaults\n",
+     RunMethodCommand},
 };
 
 }  // namespace

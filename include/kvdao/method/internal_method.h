@@ -1,0 +1,683 @@
+#pragma once
+
+// tagINTERNAL_METHOD: one quantify method entry (one compound) as a flat,
+// byte-copyable block of exactly 3504 bytes.
+//
+// The same bytes are the record of a method file, the unit published to
+// other processes through shared memory, the payload of the byte-array form
+// and the source of the text and XML forms, so the layout is an on-disk
+// format: little-endian, natural alignment, every field at a fixed offset
+// (checked below), doubles on 8-byte boundaries with an explicit reserved
+// word in front of a double wherever the previous field ends on a 4-byte
+// boundary. Reserved words are written as zero. Text fields are
+// NUL-terminated 8-bit (code page 1252) buffers; booleans are 32-bit words
+// holding 0 or 1 (any non-zero reads as true). docs/method-record.md
+// describes the layout field by field.
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+
+namespace kvdao {
+
+inline constexpr std::size_t kMethodRecordSize = 3504;
+
+struct tagINTERNAL_METHOD {
+  std::int32_t Version;                           // 0
+  char Name[81];                                  // 4
+  char Cas[13];                                   // 85
+  char Text[121];                                 // 98
+  char RepUnits[21];                              // 219
+  double UserValue1;                              // 240
+  double UserValue2;                              // 248
+  char Flags[12];                                 // 256
+  std::int32_t RawAcquisitionFunction;            // 268
+  char QuanTrace[81];                             // 272
+  char SecondaryTrace[81];                        // 353
+  char AdductMass[22];                            // 434
+  float ChroMassWindowABS;                        // 456
+  float ChroMassWindowPPM;                        // 460
+  std::int32_t ChroMassWindowAbs;                 // 464
+  char CompoundType[256];                         // 468
+  float IntegrateWin;                             // 724
+  float ChroNoiseLevel;                           // 728
+  std::int32_t ChroAuto;                          // 732
+  std::int32_t SmooEnabled;                       // 736
+  std::int32_t SmooMethod;                        // 740
+  std::int32_t SmooIter;                          // 744
+  std::int32_t SmooWidth;                         // 748
+  std::int32_t PkMode;                            // 752
+  float PkBalance;                                // 756
+  float PkSplitting;                              // 760
+  std::int32_t PkShldrDetect;                     // 764
+  float PkShldrThresh;                            // 768
+  float PkReduceTail;                             // 772
+  float PkMaxReduceHt;                            // 776
+  float PkWatThreshold;                           // 780
+  float PkWatWidth;                               // 784
+  float PkWatUpThreshold;                         // 788
+  float PkWatDownThreshold;                       // 792
+  std::int32_t PkWatOperations;                   // 796
+  std::int32_t PkThreshMethod;                    // 800
+  float PkRespAreaRel;                            // 804
+  float PkRespAreaAbs;                            // 808
+  float PkRespHeightRel;                          // 812
+  float PkRespHeightAbs;                          // 816
+  std::int32_t PropagateIntegrate;                // 820
+  std::int32_t PropagateGeneral;                  // 824
+  std::int32_t PropagateSecondary;                // 828
+  std::int32_t PropagatePeakQuality;              // 832
+  float PkExtentWin;                              // 836
+  std::int32_t MatThresh;                         // 840
+  std::int32_t ForThresh;                         // 844
+  std::int32_t RevThresh;                         // 848
+  std::int32_t Reserved852;                       // 852
+  double AreaThresh;                              // 856
+  double HeightThresh;                            // 864
+  std::int32_t LocateBy;                          // 872
+  float PredRT;                                   // 876
+  float PredRRT;                                  // 880
+  float LocateRTWin;                              // 884
+  float SecondaryRTWin;                           // 888
+  std::int32_t RRTRef;                            // 892
+  double PredResp;                                // 896
+  double LocateRespWin;                           // 904
+  std::int32_t LocateChoice;                      // 912
+  std::int32_t RAH;                               // 916
+  std::int32_t RCalc;                             // 920
+  std::int32_t IStdNumber;                        // 924
+  std::int32_t ResponseInclude;                   // 928
+  std::int32_t Reserved932;                       // 932
+  double RSubX;                                   // 936
+  double RSubY;                                   // 944
+  double StdConc;                                 // 952
+  std::int32_t StdLevels;                         // 960
+  std::int32_t UseConcFactor;                     // 964
+  double ConcFactor;                              // 968
+  std::int32_t CCalc;                             // 976
+  std::int32_t XYTrans;                           // 980
+  std::int32_t ZeroResp;                          // 984
+  std::int32_t Origin;                            // 988
+  std::int32_t WeightingFunction;                 // 992
+  std::int32_t ReportCorrFlags;                   // 996
+  double MinArea;                                 // 1000
+  double MinHeight;                               // 1008
+  double DetectionThreshold;                      // 1016
+  double QuantitationThreshold;                   // 1024
+  double LinearityLimit;                          // 1032
+  double CarryOverThreshold;                      // 1040
+  double CCThreshold;                             // 1048
+  float IonRatio;                                 // 1056
+  std::int32_t IonRatioWin;                       // 1060
+  std::int32_t IonRatioRef;                       // 1064
+  std::int32_t SecondaryMustExist;                // 1068
+  std::int32_t SecondaryMustPassRatio;            // 1072
+  std::int32_t Reserved1076;                      // 1076
+  double UserRatio;                               // 1080
+  std::int32_t UserRFMode;                        // 1088
+  std::int32_t Reserved1092;                      // 1092
+  double UserRF;                                  // 1096
+  double UserFactor;                              // 1104
+  std::int32_t TotalsInclude;                     // 1112
+  std::int32_t TotalsCalibration;                 // 1116
+  char TotalsGroup[256];                          // 1120
+  std::int32_t IntenSum;                          // 1376
+  std::int32_t MassIntData[50][2];                // 1380
+  float LocateMass;                               // 1780
+  float LocateMassWin;                            // 1784
+  float PredST;                                   // 1788
+  float PredET;                                   // 1792
+  std::int32_t UseAllScans;                       // 1796
+  std::int32_t AtomicNumber;                      // 1800
+  std::int32_t TopOfRatio;                        // 1804
+  std::int32_t BottomOfRatio;                     // 1808
+  std::int32_t Reserved1812;                      // 1812
+  double RatioValue;                              // 1816
+  std::int32_t ReportInSummary;                   // 1824
+  std::int32_t ReportInSample;                    // 1828
+  std::int32_t MajorPeak;                         // 1832
+  float TimeSlip;                                 // 1836
+  double CraigCorrection[3];                      // 1840
+  std::int32_t NoiseMethod;                       // 1864
+  float NoiseFactor;                              // 1868
+  float NoiseStartRT;                             // 1872
+  float NoiseEndRT;                               // 1876
+  double ToxicEquiv[4];                           // 1880
+  std::int32_t UseEMPC;                           // 1912
+  std::int32_t Reserved1916;                      // 1916
+  double CorrectedResponse;                       // 1920
+  double AbsCorrectedResponse;                    // 1928
+  std::int32_t IStd[6];                           // 1936
+  std::int32_t UseMulti;                          // 1960
+  std::int32_t Reserved1964;                      // 1964
+  double UnlabelledRatio;                         // 1968
+  double LabelledRatio;                           // 1976
+  std::int32_t MoleRatio;                         // 1984
+  char TargetTrace[4][81];                        // 1988
+  float TargetRatio[4];                           // 2312
+  std::int32_t TargetWindow[4];                   // 2328
+  std::int32_t TargetRef[4];                      // 2344
+  float TargetRTWin[4];                           // 2360
+  std::int32_t TargetMustExist[4];                // 2376
+  std::int32_t TargetMustPass[4];                 // 2392
+  std::int32_t QuantificationTraces;              // 2408
+  std::int32_t Reserved2412;                      // 2412
+  double MinSigNoise;                             // 2416
+  double MinCoeffDet;                             // 2424
+  double PeakWidth;                               // 2432
+  double PeakWidthTol;                            // 2440
+  double BlankAcceptance;                         // 2448
+  double MinRecovery;                             // 2456
+  double MaxRecovery;                             // 2464
+  double MaxConcLimit;                            // 2472
+  double ReportLimit;                             // 2480
+  double MaxStdDev;                               // 2488
+  std::int32_t TargetFlags;                       // 2496
+  char CalCompound[84];                           // 2500
+  double RTToleranceUpper;                        // 2584
+  double RTToleranceLower;                        // 2592
+  std::int32_t MeasurePeakQuality;                // 2600
+  std::int32_t PeakQualityRTCheck;                // 2604
+  std::int32_t PeakQualityRRTCheck;               // 2608
+  std::int32_t PeakQualityISAreaCheck;            // 2612
+  std::int32_t PeakQualityBaseWidthCheck;         // 2616
+  std::int32_t PeakQualityBaseWidthAutoCheck;     // 2620
+  std::int32_t PeakQualityWidthCheck;             // 2624
+  std::int32_t PeakQualityHeightOverAreaCheck;    // 2628
+  std::int32_t PeakQualitySkewCheck;              // 2632
+  std::int32_t PeakQualityKurtosisCheck;          // 2636
+  double PeakQualityRTWindow;                     // 2640
+  double PeakQualityRRTWindow;                    // 2648
+  double PeakQualityISAreaValue;                  // 2656
+  double PeakQualityISAreaWindow;                 // 2664
+  double PeakQualityBaseWidthValue;               // 2672
+  double PeakQualityBaseWidthWindow;              // 2680
+  double PeakQualityWidthValue;                   // 2688
+  double PeakQualityWidthWindow;                  // 2696
+  double PeakQualityHeightOverAreaValue;          // 2704
+  double PeakQualityHeightOverAreaWindow;         // 2712
+  double PeakQualitySkewValue;                    // 2720
+  double PeakQualitySkewWindow;                   // 2728
+  double PeakQualityKurtosisValue;                // 2736
+  double PeakQualityKurtosisWindow;               // 2744
+  double PeakQualityRefRTValue;                   // 2752
+  std::int32_t PeakQualitySigmaCheck;             // 2760
+  std::int32_t Reserved2764;                      // 2764
+  double PeakQualitySigmaValue;                   // 2768
+  double PeakQualitySigmaWindow;                  // 2776
+  std::int32_t PeakQualityUseReferences;          // 2784
+  std::int32_t PeakQualityRefRT;                  // 2788
+  std::int32_t PeakQualityRefWidth;               // 2792
+  std::int32_t PeakQualityRefSigma;               // 2796
+  std::int32_t PeakQualityRefSkew;                // 2800
+  std::int32_t Reserved2804;                      // 2804
+  double PeakQualityRefRTWindow;                  // 2808
+  double PeakQualityRefWidthValue;                // 2816
+  double PeakQualityRefWidthWindow;               // 2824
+  double PeakQualityRefSigmaValue;                // 2832
+  double PeakQualityRefSigmaWindow;               // 2840
+  double PeakQualityRefSkewValue;                 // 2848
+  double PeakQualityRefSkewWindow;                // 2856
+  char NoisePeakMethod[16];                       // 2864
+  std::int32_t PropagateDetectionLimit;           // 2880
+  std::int32_t Reserved2884;                      // 2884
+  double SymmetryThreshold;                       // 2888
+  std::int32_t RatioTargetByPrimaryFlag[4];       // 2896
+  std::int32_t MultiSampleRatios;                 // 2912
+  std::int32_t MultiSampleMethodTimes;            // 2916
+  std::int32_t TargetIonWindowMethod;             // 2920
+  std::int32_t TargetIonRatioMethod;              // 2924
+  double QuanTraceRatio;                          // 2928
+  double QuanRatioWindow;                         // 2936
+  std::int32_t QuanOverTarget;                    // 2944
+  std::int32_t MonitorBlankEnabled;               // 2948
+  std::int32_t MonitorBlankPropagate;             // 2952
+  std::int32_t MonitorBlankUseConc;               // 2956
+  double MonitorBlankConc;                        // 2960
+  std::int32_t MonitorBlankAction;                // 2968
+  std::int32_t MonitorBlankReinjections;          // 2972
+  std::int32_t MonitorBlankMaxAction;             // 2976
+  std::int32_t MonitorSolventEnabled;             // 2980
+  std::int32_t MonitorSolventPropagate;           // 2984
+  std::int32_t MonitorSolventUseConc;             // 2988
+  double MonitorSolventConc;                      // 2992
+  std::int32_t MonitorSolventAction;              // 3000
+  std::int32_t MonitorSolventReinjections;        // 3004
+  std::int32_t MonitorSolventMaxAction;           // 3008
+  std::int32_t MonitorCalibrationEnabled;         // 3012
+  std::int32_t MonitorCalibrationPropagate;       // 3016
+  std::int32_t MonitorCalibrationAction;          // 3020
+  std::int32_t MonitorQCEnabled;                  // 3024
+  std::int32_t MonitorQCPropagate;                // 3028
+  std::int32_t MonitorQCLowConcEnabled;           // 3032
+  std::int32_t Reserved3036;                      // 3036
+  double MonitorQCLowConc;                        // 3040
+  std::int32_t MonitorQCLowThreshEnabled;         // 3048
+  std::int32_t Reserved3052;                      // 3052
+  double MonitorQCLowThresh;                      // 3056
+  std::int32_t MonitorQCMidConcEnabled;           // 3064
+  std::int32_t Reserved3068;                      // 3068
+  double MonitorQCMidConc;                        // 3072
+  std::int32_t MonitorQCMidThreshEnabled;         // 3080
+  std::int32_t Reserved3084;                      // 3084
+  double MonitorQCMidThresh;                      // 3088
+  std::int32_t MonitorQCHighThreshEnabled;        // 3096
+  std::int32_t Reserved3100;                      // 3100
+  double MonitorQCHighThresh;                     // 3104
+  std::int32_t MonitorQCRatioEnabled;             // 3112
+  std::int32_t MonitorQCRTEnabled;                // 3116
+  std::int32_t MonitorQCShapeEnabled;             // 3120
+  std::int32_t MonitorQCSigNosEnabled;            // 3124
+  std::int32_t MonitorQCAction;                   // 3128
+  std::int32_t MonitorQCReinjections;             // 3132
+  std::int32_t MonitorQCMaxAction;                // 3136
+  std::int32_t MonitorAnalyteEnabled;             // 3140
+  std::int32_t MonitorAnalytePropagate;           // 3144
+  std::int32_t MonitorAnalyteConcDevEnabled;      // 3148
+  double MonitorAnalyteConcDev;                   // 3152
+  std::int32_t MonitorAnalyteRatioEnabled;        // 3160
+  std::int32_t MonitorAnalyteRTEnabled;           // 3164
+  std::int32_t MonitorAnalyteShapeEnabled;        // 3168
+  std::int32_t MonitorAnalyteSigNosEnabled;       // 3172
+  std::int32_t MonitorAnalyteAction;              // 3176
+  std::int32_t MonitorAnalyteReinjections;        // 3180
+  std::int32_t MonitorAnalyteMaxAction;           // 3184
+  std::int32_t RecoveryPropagate;                 // 3188
+  std::int32_t RecoveryFlagRecovery;              // 3192
+  std::int32_t RecoveryFlagAnalyte;               // 3196
+  std::int32_t RecoveryFlagQC;                    // 3200
+  std::int32_t PropagateRetentionTimes;           // 3204
+  std::int32_t MonitorStandardEnabled;            // 3208
+  std::int32_t MonitorStandardPropagate;          // 3212
+  std::int32_t MonitorStandardLowConcEnabled;     // 3216
+  std::int32_t Reserved3220;                      // 3220
+  double MonitorStandardLowConc;                  // 3224
+  std::int32_t MonitorStandardLowThreshEnabled;   // 3232
+  std::int32_t Reserved3236;                      // 3236
+  double MonitorStandardLowThresh;                // 3240
+  std::int32_t MonitorStandardMidConcEnabled;     // 3248
+  std::int32_t Reserved3252;                      // 3252
+  double MonitorStandardMidConc;                  // 3256
+  std::int32_t MonitorStandardMidThreshEnabled;   // 3264
+  std::int32_t Reserved3268;                      // 3268
+  double MonitorStandardMidThresh;                // 3272
+  std::int32_t MonitorStandardHighThreshEnabled;  // 3280
+  std::int32_t Reserved3284;                      // 3284
+  double MonitorStandardHighThresh;               // 3288
+  std::int32_t MonitorStandardRatioEnabled;       // 3296
+  std::int32_t MonitorStandardRTEnabled;          // 3300
+  std::int32_t MonitorStandardShapeEnabled;       // 3304
+  std::int32_t MonitorStandardSigNosEnabled;      // 3308
+  std::int32_t MonitorStandardAction;             // 3312
+  std::int32_t MonitorStandardReinjections;       // 3316
+  std::int32_t MonitorStandardMaxAction;          // 3320
+  std::int32_t Reserved3324;                      // 3324
+  std::int32_t AsymmetryPropagate;                // 3328
+  std::int32_t Reserved3332;                      // 3332
+  double AsymmetryMeasureAtHeight;                // 3336
+  std::int32_t UseAsymmetryExpected;              // 3344
+  std::int32_t Reserved3348;                      // 3348
+  double AsymmetryExpectedValue;                  // 3352
+  double AsymmetryWindow;                         // 3360
+  std::int32_t AsymmetryFromReference;            // 3368
+  std::int32_t PropSpecSettings;                  // 3372
+  std::int32_t FwdFitFlag;                        // 3376
+  std::int32_t RevFitFlag;                        // 3380
+  std::int32_t IgnoreZeroConcStds;                // 3384
+  std::int32_t IgnoreZeroConcQCs;                 // 3388
+  std::int32_t ApexAutoGen;                       // 3392
+  std::int32_t IFITPropagate;                     // 3396
+  double IFITThreshold;                           // 3400
+  std::int32_t FlagIFIT;                          // 3408
+  std::int32_t Reserved3412;                      // 3412
+  double IFITNThreshold;                          // 3416
+  std::int32_t FlagIFITN;                         // 3424
+  std::int32_t Reserved3428;                      // 3428
+  double IFITCThreshold;                          // 3432
+  std::int32_t FlagIFITC;                         // 3440
+  std::int32_t Reserved3444;                      // 3444
+  double ppmThreshold;                            // 3448
+  std::int32_t Flagppm;                           // 3456
+  std::int32_t Reserved3460;                      // 3460
+  double absThreshold;                            // 3464
+  std::int32_t Flagabs;                           // 3472
+  std::int32_t Reserved3476;                      // 3476
+  double QualWindow;                              // 3480
+  std::int32_t AlwaysPrint;                       // 3488
+  std::int32_t IsAccurateMass;                    // 3492
+  std::int32_t ConvolveTrace;                     // 3496
+  std::int32_t Reserved3500;                      // 3500
+};
+
+static_assert(std::endian::native == std::endian::little,
+              "method records are stored little-endian and copied as raw bytes");
+static_assert(sizeof(tagINTERNAL_METHOD) == kMethodRecordSize);
+static_assert(std::is_trivially_copyable_v<tagINTERNAL_METHOD>);
+static_assert(std::is_standard_layout_v<tagINTERNAL_METHOD>);
+static_assert(offsetof(tagINTERNAL_METHOD, Version) == 0);
+static_assert(offsetof(tagINTERNAL_METHOD, Name) == 4);
+static_assert(offsetof(tagINTERNAL_METHOD, Cas) == 85);
+static_assert(offsetof(tagINTERNAL_METHOD, Text) == 98);
+static_assert(offsetof(tagINTERNAL_METHOD, RepUnits) == 219);
+static_assert(offsetof(tagINTERNAL_METHOD, UserValue1) == 240);
+static_assert(offsetof(tagINTERNAL_METHOD, UserValue2) == 248);
+static_assert(offsetof(tagINTERNAL_METHOD, Flags) == 256);
+static_assert(offsetof(tagINTERNAL_METHOD, RawAcquisitionFunction) == 268);
+static_assert(offsetof(tagINTERNAL_METHOD, QuanTrace) == 272);
+static_assert(offsetof(tagINTERNAL_METHOD, SecondaryTrace) == 353);
+static_assert(offsetof(tagINTERNAL_METHOD, AdductMass) == 434);
+static_assert(offsetof(tagINTERNAL_METHOD, ChroMassWindowABS) == 456);
+static_assert(offsetof(tagINTERNAL_METHOD, ChroMassWindowPPM) == 460);
+static_assert(offsetof(tagINTERNAL_METHOD, ChroMassWindowAbs) == 464);
+static_assert(offsetof(tagINTERNAL_METHOD, CompoundType) == 468);
+static_assert(offsetof(tagINTERNAL_METHOD, IntegrateWin) == 724);
+static_assert(offsetof(tagINTERNAL_METHOD, ChroNoiseLevel) == 728);
+static_assert(offsetof(tagINTERNAL_METHOD, ChroAuto) == 732);
+static_assert(offsetof(tagINTERNAL_METHOD, SmooEnabled) == 736);
+static_assert(offsetof(tagINTERNAL_METHOD, SmooMethod) == 740);
+static_assert(offsetof(tagINTERNAL_METHOD, SmooIter) == 744);
+static_assert(offsetof(tagINTERNAL_METHOD, SmooWidth) == 748);
+static_assert(offsetof(tagINTERNAL_METHOD, PkMode) == 752);
+static_assert(offsetof(tagINTERNAL_METHOD, PkBalance) == 756);
+static_assert(offsetof(tagINTERNAL_METHOD, PkSplitting) == 760);
+static_assert(offsetof(tagINTERNAL_METHOD, PkShldrDetect) == 764);
+static_assert(offsetof(tagINTERNAL_METHOD, PkShldrThresh) == 768);
+static_assert(offsetof(tagINTERNAL_METHOD, PkReduceTail) == 772);
+static_assert(offsetof(tagINTERNAL_METHOD, PkMaxReduceHt) == 776);
+static_assert(offsetof(tagINTERNAL_METHOD, PkWatThreshold) == 780);
+static_assert(offsetof(tagINTERNAL_METHOD, PkWatWidth) == 784);
+static_assert(offsetof(tagINTERNAL_METHOD, PkWatUpThreshold) == 788);
+static_assert(offsetof(tagINTERNAL_METHOD, PkWatDownThreshold) == 792);
+static_assert(offsetof(tagINTERNAL_METHOD, PkWatOperations) == 796);
+static_assert(offsetof(tagINTERNAL_METHOD, PkThreshMethod) == 800);
+static_assert(offsetof(tagINTERNAL_METHOD, PkRespAreaRel) == 804);
+static_assert(offsetof(tagINTERNAL_METHOD, PkRespAreaAbs) == 808);
+static_assert(offsetof(tagINTERNAL_METHOD, PkRespHeightRel) == 812);
+static_assert(offsetof(tagINTERNAL_METHOD, PkRespHeightAbs) == 816);
+static_assert(offsetof(tagINTERNAL_METHOD, PropagateIntegrate) == 820);
+static_assert(offsetof(tagINTERNAL_METHOD, PropagateGeneral) == 824);
+static_assert(offsetof(tagINTERNAL_METHOD, PropagateSecondary) == 828);
+static_assert(offsetof(tagINTERNAL_METHOD, PropagatePeakQuality) == 832);
+static_assert(offsetof(tagINTERNAL_METHOD, PkExtentWin) == 836);
+static_assert(offsetof(tagINTERNAL_METHOD, MatThresh) == 840);
+static_assert(offsetof(tagINTERNAL_METHOD, ForThresh) == 844);
+static_assert(offsetof(tagINTERNAL_METHOD, RevThresh) == 848);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved852) == 852);
+static_assert(offsetof(tagINTERNAL_METHOD, AreaThresh) == 856);
+static_assert(offsetof(tagINTERNAL_METHOD, HeightThresh) == 864);
+static_assert(offsetof(tagINTERNAL_METHOD, LocateBy) == 872);
+static_assert(offsetof(tagINTERNAL_METHOD, PredRT) == 876);
+static_assert(offsetof(tagINTERNAL_METHOD, PredRRT) == 880);
+static_assert(offsetof(tagINTERNAL_METHOD, LocateRTWin) == 884);
+static_assert(offsetof(tagINTERNAL_METHOD, SecondaryRTWin) == 888);
+static_assert(offsetof(tagINTERNAL_METHOD, RRTRef) == 892);
+static_assert(offsetof(tagINTERNAL_METHOD, PredResp) == 896);
+static_assert(offsetof(tagINTERNAL_METHOD, LocateRespWin) == 904);
+static_assert(offsetof(tagINTERNAL_METHOD, LocateChoice) == 912);
+static_assert(offsetof(tagINTERNAL_METHOD, RAH) == 916);
+static_assert(offsetof(tagINTERNAL_METHOD, RCalc) == 920);
+static_assert(offsetof(tagINTERNAL_METHOD, IStdNumber) == 924);
+static_assert(offsetof(tagINTERNAL_METHOD, ResponseInclude) == 928);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved932) == 932);
+static_assert(offsetof(tagINTERNAL_METHOD, RSubX) == 936);
+static_assert(offsetof(tagINTERNAL_METHOD, RSubY) == 944);
+static_assert(offsetof(tagINTERNAL_METHOD, StdConc) == 952);
+static_assert(offsetof(tagINTERNAL_METHOD, StdLevels) == 960);
+static_assert(offsetof(tagINTERNAL_METHOD, UseConcFactor) == 964);
+static_assert(offsetof(tagINTERNAL_METHOD, ConcFactor) == 968);
+static_assert(offsetof(tagINTERNAL_METHOD, CCalc) == 976);
+static_assert(offsetof(tagINTERNAL_METHOD, XYTrans) == 980);
+static_assert(offsetof(tagINTERNAL_METHOD, ZeroResp) == 984);
+static_assert(offsetof(tagINTERNAL_METHOD, Origin) == 988);
+static_assert(offsetof(tagINTERNAL_METHOD, WeightingFunction) == 992);
+static_assert(offsetof(tagINTERNAL_METHOD, ReportCorrFlags) == 996);
+static_assert(offsetof(tagINTERNAL_METHOD, MinArea) == 1000);
+static_assert(offsetof(tagINTERNAL_METHOD, MinHeight) == 1008);
+static_assert(offsetof(tagINTERNAL_METHOD, DetectionThreshold) == 1016);
+static_assert(offsetof(tagINTERNAL_METHOD, QuantitationThreshold) == 1024);
+static_assert(offsetof(tagINTERNAL_METHOD, LinearityLimit) == 1032);
+static_assert(offsetof(tagINTERNAL_METHOD, CarryOverThreshold) == 1040);
+static_assert(offsetof(tagINTERNAL_METHOD, CCThreshold) == 1048);
+static_assert(offsetof(tagINTERNAL_METHOD, IonRatio) == 1056);
+static_assert(offsetof(tagINTERNAL_METHOD, IonRatioWin) == 1060);
+static_assert(offsetof(tagINTERNAL_METHOD, IonRatioRef) == 1064);
+static_assert(offsetof(tagINTERNAL_METHOD, SecondaryMustExist) == 1068);
+static_assert(offsetof(tagINTERNAL_METHOD, SecondaryMustPassRatio) == 1072);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved1076) == 1076);
+static_assert(offsetof(tagINTERNAL_METHOD, UserRatio) == 1080);
+static_assert(offsetof(tagINTERNAL_METHOD, UserRFMode) == 1088);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved1092) == 1092);
+static_assert(offsetof(tagINTERNAL_METHOD, UserRF) == 1096);
+static_assert(offsetof(tagINTERNAL_METHOD, UserFactor) == 1104);
+static_assert(offsetof(tagINTERNAL_METHOD, TotalsInclude) == 1112);
+static_assert(offsetof(tagINTERNAL_METHOD, TotalsCalibration) == 1116);
+static_assert(offsetof(tagINTERNAL_METHOD, TotalsGroup) == 1120);
+static_assert(offsetof(tagINTERNAL_METHOD, IntenSum) == 1376);
+static_assert(offsetof(tagINTERNAL_METHOD, MassIntData) == 1380);
+static_assert(offsetof(tagINTERNAL_METHOD, LocateMass) == 1780);
+static_assert(offsetof(tagINTERNAL_METHOD, LocateMassWin) == 1784);
+static_assert(offsetof(tagINTERNAL_METHOD, PredST) == 1788);
+static_assert(offsetof(tagINTERNAL_METHOD, PredET) == 1792);
+static_assert(offsetof(tagINTERNAL_METHOD, UseAllScans) == 1796);
+static_assert(offsetof(tagINTERNAL_METHOD, AtomicNumber) == 1800);
+static_assert(offsetof(tagINTERNAL_METHOD, TopOfRatio) == 1804);
+static_assert(offsetof(tagINTERNAL_METHOD, BottomOfRatio) == 1808);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved1812) == 1812);
+static_assert(offsetof(tagINTERNAL_METHOD, RatioValue) == 1816);
+static_assert(offsetof(tagINTERNAL_METHOD, ReportInSummary) == 1824);
+static_assert(offsetof(tagINTERNAL_METHOD, ReportInSample) == 1828);
+static_assert(offsetof(tagINTERNAL_METHOD, MajorPeak) == 1832);
+static_assert(offsetof(tagINTERNAL_METHOD, TimeSlip) == 1836);
+static_assert(offsetof(tagINTERNAL_METHOD, CraigCorrection) == 1840);
+static_assert(offsetof(tagINTERNAL_METHOD, NoiseMethod) == 1864);
+static_assert(offsetof(tagINTERNAL_METHOD, NoiseFactor) == 1868);
+static_assert(offsetof(tagINTERNAL_METHOD, NoiseStartRT) == 1872);
+static_assert(offsetof(tagINTERNAL_METHOD, NoiseEndRT) == 1876);
+static_assert(offsetof(tagINTERNAL_METHOD, ToxicEquiv) == 1880);
+static_assert(offsetof(tagINTERNAL_METHOD, UseEMPC) == 1912);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved1916) == 1916);
+static_assert(offsetof(tagINTERNAL_METHOD, CorrectedResponse) == 1920);
+static_assert(offsetof(tagINTERNAL_METHOD, AbsCorrectedResponse) == 1928);
+static_assert(offsetof(tagINTERNAL_METHOD, IStd) == 1936);
+static_assert(offsetof(tagINTERNAL_METHOD, UseMulti) == 1960);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved1964) == 1964);
+static_assert(offsetof(tagINTERNAL_METHOD, UnlabelledRatio) == 1968);
+static_assert(offsetof(tagINTERNAL_METHOD, LabelledRatio) == 1976);
+static_assert(offsetof(tagINTERNAL_METHOD, MoleRatio) == 1984);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetTrace) == 1988);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetRatio) == 2312);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetWindow) == 2328);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetRef) == 2344);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetRTWin) == 2360);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetMustExist) == 2376);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetMustPass) == 2392);
+static_assert(offsetof(tagINTERNAL_METHOD, QuantificationTraces) == 2408);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved2412) == 2412);
+static_assert(offsetof(tagINTERNAL_METHOD, MinSigNoise) == 2416);
+static_assert(offsetof(tagINTERNAL_METHOD, MinCoeffDet) == 2424);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakWidth) == 2432);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakWidthTol) == 2440);
+static_assert(offsetof(tagINTERNAL_METHOD, BlankAcceptance) == 2448);
+static_assert(offsetof(tagINTERNAL_METHOD, MinRecovery) == 2456);
+static_assert(offsetof(tagINTERNAL_METHOD, MaxRecovery) == 2464);
+static_assert(offsetof(tagINTERNAL_METHOD, MaxConcLimit) == 2472);
+static_assert(offsetof(tagINTERNAL_METHOD, ReportLimit) == 2480);
+static_assert(offsetof(tagINTERNAL_METHOD, MaxStdDev) == 2488);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetFlags) == 2496);
+static_assert(offsetof(tagINTERNAL_METHOD, CalCompound) == 2500);
+static_assert(offsetof(tagINTERNAL_METHOD, RTToleranceUpper) == 2584);
+static_assert(offsetof(tagINTERNAL_METHOD, RTToleranceLower) == 2592);
+static_assert(offsetof(tagINTERNAL_METHOD, MeasurePeakQuality) == 2600);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRTCheck) == 2604);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRRTCheck) == 2608);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityISAreaCheck) == 2612);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityBaseWidthCheck) == 2616);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityBaseWidthAutoCheck) == 2620);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityWidthCheck) == 2624);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityHeightOverAreaCheck) == 2628);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualitySkewCheck) == 2632);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityKurtosisCheck) == 2636);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRTWindow) == 2640);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRRTWindow) == 2648);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityISAreaValue) == 2656);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityISAreaWindow) == 2664);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityBaseWidthValue) == 2672);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityBaseWidthWindow) == 2680);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityWidthValue) == 2688);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityWidthWindow) == 2696);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityHeightOverAreaValue) == 2704);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityHeightOverAreaWindow) == 2712);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualitySkewValue) == 2720);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualitySkewWindow) == 2728);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityKurtosisValue) == 2736);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityKurtosisWindow) == 2744);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefRTValue) == 2752);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualitySigmaCheck) == 2760);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved2764) == 2764);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualitySigmaValue) == 2768);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualitySigmaWindow) == 2776);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityUseReferences) == 2784);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefRT) == 2788);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefWidth) == 2792);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefSigma) == 2796);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefSkew) == 2800);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved2804) == 2804);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefRTWindow) == 2808);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefWidthValue) == 2816);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefWidthWindow) == 2824);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefSigmaValue) == 2832);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefSigmaWindow) == 2840);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefSkewValue) == 2848);
+static_assert(offsetof(tagINTERNAL_METHOD, PeakQualityRefSkewWindow) == 2856);
+static_assert(offsetof(tagINTERNAL_METHOD, NoisePeakMethod) == 2864);
+static_assert(offsetof(tagINTERNAL_METHOD, PropagateDetectionLimit) == 2880);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved2884) == 2884);
+static_assert(offsetof(tagINTERNAL_METHOD, SymmetryThreshold) == 2888);
+static_assert(offsetof(tagINTERNAL_METHOD, RatioTargetByPrimaryFlag) == 2896);
+static_assert(offsetof(tagINTERNAL_METHOD, MultiSampleRatios) == 2912);
+static_assert(offsetof(tagINTERNAL_METHOD, MultiSampleMethodTimes) == 2916);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetIonWindowMethod) == 2920);
+static_assert(offsetof(tagINTERNAL_METHOD, TargetIonRatioMethod) == 2924);
+static_assert(offsetof(tagINTERNAL_METHOD, QuanTraceRatio) == 2928);
+static_assert(offsetof(tagINTERNAL_METHOD, QuanRatioWindow) == 2936);
+static_assert(offsetof(tagINTERNAL_METHOD, QuanOverTarget) == 2944);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankEnabled) == 2948);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankPropagate) == 2952);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankUseConc) == 2956);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankConc) == 2960);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankAction) == 2968);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankReinjections) == 2972);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorBlankMaxAction) == 2976);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventEnabled) == 2980);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventPropagate) == 2984);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventUseConc) == 2988);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventConc) == 2992);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventAction) == 3000);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventReinjections) == 3004);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorSolventMaxAction) == 3008);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorCalibrationEnabled) == 3012);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorCalibrationPropagate) == 3016);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorCalibrationAction) == 3020);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCEnabled) == 3024);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCPropagate) == 3028);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCLowConcEnabled) == 3032);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3036) == 3036);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCLowConc) == 3040);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCLowThreshEnabled) == 3048);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3052) == 3052);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCLowThresh) == 3056);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCMidConcEnabled) == 3064);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3068) == 3068);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCMidConc) == 3072);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCMidThreshEnabled) == 3080);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3084) == 3084);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCMidThresh) == 3088);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCHighThreshEnabled) == 3096);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3100) == 3100);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCHighThresh) == 3104);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCRatioEnabled) == 3112);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCRTEnabled) == 3116);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCShapeEnabled) == 3120);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCSigNosEnabled) == 3124);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCAction) == 3128);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCReinjections) == 3132);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorQCMaxAction) == 3136);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteEnabled) == 3140);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalytePropagate) == 3144);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteConcDevEnabled) == 3148);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteConcDev) == 3152);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteRatioEnabled) == 3160);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteRTEnabled) == 3164);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteShapeEnabled) == 3168);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteSigNosEnabled) == 3172);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteAction) == 3176);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteReinjections) == 3180);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorAnalyteMaxAction) == 3184);
+static_assert(offsetof(tagINTERNAL_METHOD, RecoveryPropagate) == 3188);
+static_assert(offsetof(tagINTERNAL_METHOD, RecoveryFlagRecovery) == 3192);
+static_assert(offsetof(tagINTERNAL_METHOD, RecoveryFlagAnalyte) == 3196);
+static_assert(offsetof(tagINTERNAL_METHOD, RecoveryFlagQC) == 3200);
+static_assert(offsetof(tagINTERNAL_METHOD, PropagateRetentionTimes) == 3204);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardEnabled) == 3208);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardPropagate) == 3212);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardLowConcEnabled) == 3216);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3220) == 3220);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardLowConc) == 3224);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardLowThreshEnabled) == 3232);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3236) == 3236);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardLowThresh) == 3240);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardMidConcEnabled) == 3248);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3252) == 3252);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardMidConc) == 3256);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardMidThreshEnabled) == 3264);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3268) == 3268);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardMidThresh) == 3272);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardHighThreshEnabled) == 3280);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3284) == 3284);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardHighThresh) == 3288);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardRatioEnabled) == 3296);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardRTEnabled) == 3300);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardShapeEnabled) == 3304);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardSigNosEnabled) == 3308);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardAction) == 3312);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardReinjections) == 3316);
+static_assert(offsetof(tagINTERNAL_METHOD, MonitorStandardMaxAction) == 3320);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3324) == 3324);
+static_assert(offsetof(tagINTERNAL_METHOD, AsymmetryPropagate) == 3328);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3332) == 3332);
+static_assert(offsetof(tagINTERNAL_METHOD, AsymmetryMeasureAtHeight) == 3336);
+static_assert(offsetof(tagINTERNAL_METHOD, UseAsymmetryExpected) == 3344);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3348) == 3348);
+static_assert(offsetof(tagINTERNAL_METHOD, AsymmetryExpectedValue) == 3352);
+static_assert(offsetof(tagINTERNAL_METHOD, AsymmetryWindow) == 3360);
+static_assert(offsetof(tagINTERNAL_METHOD, AsymmetryFromReference) == 3368);
+static_assert(offsetof(tagINTERNAL_METHOD, PropSpecSettings) == 3372);
+static_assert(offsetof(tagINTERNAL_METHOD, FwdFitFlag) == 3376);
+static_assert(offsetof(tagINTERNAL_METHOD, RevFitFlag) == 3380);
+static_assert(offsetof(tagINTERNAL_METHOD, IgnoreZeroConcStds) == 3384);
+static_assert(offsetof(tagINTERNAL_METHOD, IgnoreZeroConcQCs) == 3388);
+static_assert(offsetof(tagINTERNAL_METHOD, ApexAutoGen) == 3392);
+static_assert(offsetof(tagINTERNAL_METHOD, IFITPropagate) == 3396);
+static_assert(offsetof(tagINTERNAL_METHOD, IFITThreshold) == 3400);
+static_assert(offsetof(tagINTERNAL_METHOD, FlagIFIT) == 3408);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3412) == 3412);
+static_assert(offsetof(tagINTERNAL_METHOD, IFITNThreshold) == 3416);
+static_assert(offsetof(tagINTERNAL_METHOD, FlagIFITN) == 3424);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3428) == 3428);
+static_assert(offsetof(tagINTERNAL_METHOD, IFITCThreshold) == 3432);
+static_assert(offsetof(tagINTERNAL_METHOD, FlagIFITC) == 3440);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3444) == 3444);
+static_assert(offsetof(tagINTERNAL_METHOD, ppmThreshold) == 3448);
+static_assert(offsetof(tagINTERNAL_METHOD, Flagppm) == 3456);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3460) == 3460);
+static_assert(offsetof(tagINTERNAL_METHOD, absThreshold) == 3464);
+static_assert(offsetof(tagINTERNAL_METHOD, Flagabs) == 3472);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3476) == 3476);
+static_assert(offsetof(tagINTERNAL_METHOD, QualWindow) == 3480);
+static_assert(offsetof(tagINTERNAL_METHOD, AlwaysPrint) == 3488);
+static_assert(offsetof(tagINTERNAL_METHOD, IsAccurateMass) == 3492);
+static_assert(offsetof(tagINTERNAL_METHOD, ConvolveTrace) == 3496);
+static_assert(offsetof(tagINTERNAL_METHOD, Reserved3500) == 3500);
+
+}  // namespace kvdao
