@@ -15,6 +15,8 @@
 #include "kvdao/platform/text.h"
 #include "kvdao/platform/variant.h"
 
+#include "kvdao/jet/jet.h"
+
 #include "kvdao/samplelist/kv_variant.h"
 #include "kvdao/samplelist/sample_list.h"
 #include "kvdao/samplelist/sample_list_mem.h"
