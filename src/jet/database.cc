@@ -21,6 +21,10 @@ void Database::Open(const std::string& path, bool /*exclusive*/, bool /*read_onl
   file_ = std::make_shared<internal::DatabaseFile>(path);
 }
 
+void Database::OpenImage(std::span<const std::uint8_t> image) {
+  file_ = std::make_shared<internal::DatabaseFile>(image);
+}
+
 void Database::Close() noexcept { file_.reset(); }
 
 bool Database::IsOpen() const noexcept { return file_ != nullptr; }

@@ -1,6 +1,5 @@
 #include "value_decoder.h"
 
-#include "kvdao/jet/dao_exception.h"
 #include "long_value.h"
 #include "text_codec.h"
 
@@ -36,7 +35,7 @@ int DaoType(std::uint8_t column_type) noexcept {
       return column_type;
     case format::kGuid: return dbGUID;
     case format::kNumeric: return dbDecimal;
-    default: return 0;
+    default: return dbBinary;  // types this engine does not interpret read as their stored bytes
   }
 }
 
@@ -80,9 +79,7 @@ void DecodeValue(const PageSource& pages, const ColumnDef& column, const Cell& c
       out.text = buffers.text;
       break;
     }
-    default:
-      throw DaoException("The field '" + column.name + "' has a data type (" + std::to_string(column.type) +
-                         ") this engine cannot read.");
+    default: out.bytes = data; break;
   }
 }
 

@@ -20,7 +20,8 @@ struct FieldBuffers {
   std::vector<std::uint8_t> bytes;
 };
 
-// DAO type number of a stored column type (0 for types this engine does not know).
+// DAO type number of a stored column type; types this engine does not
+// interpret (system-table internals) are Binary.
 int DaoType(std::uint8_t column_type) noexcept;
 
 void DecodeValue(const PageSource& pages, const ColumnDef& column, const Cell& cell, Bytes row,

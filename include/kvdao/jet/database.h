@@ -3,7 +3,9 @@
 // kvdao::jet::Database: an open Jet database file (Jet 3 or Jet 4), read
 // side: its tables, their definitions, and recordsets over them.
 
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +41,9 @@ class Database {
   // not a Jet database, or damaged.
   void Open(const std::string& path, bool exclusive = false, bool read_only = true,
             const std::string& connect = std::string());
+  // Opens a database image held in memory (the caller keeps the bytes alive
+  // while the database and its recordsets are in use).
+  void OpenImage(std::span<const std::uint8_t> image);
   void Close() noexcept;
   bool IsOpen() const noexcept;
 
