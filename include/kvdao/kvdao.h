@@ -19,6 +19,8 @@
 #include "kvdao/platform/word_match.h"
 #include "kvdao/platform/xml_builder.h"
 
+#include "kvdao/jet/jet.h"
+
 #include "kvdao/samplelist/kv_variant.h"
 #include "kvdao/samplelist/sample_db_record.h"
 #include "kvdao/samplelist/sample_list.h"

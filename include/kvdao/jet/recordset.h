@@ -1,0 +1,70 @@
+#pragma once
+
+// kvdao::jet::Recordset: a forward cursor over the records of one table,
+// in table-scan order or sorted by one field, as DAO's recordset presents
+// it. Records are decoded straight from the file as the cursor moves; only
+// a sorted recordset keeps anything per record (its sort keys and record
+// positions), so reading a table never holds the table in memory.
+
+#include <memory>
+#include <string_view>
+
+#include "kvdao/jet/field.h"
+#include "kvdao/jet/field_value.h"
+#include "kvdao/platform/variant.h"
+
+namespace kvdao::jet {
+
+namespace internal {
+class RecordCursor;
+}
+
+// DAO recordset types and options (accepted for compatibility; every
+// recordset here is read-only).
+enum RecordsetTypeEnum : int { dbOpenTable = 1, dbOpenDynaset = 2, dbOpenSnapshot = 4, dbOpenForwardOnly = 8 };
+enum RecordsetOptionEnum : int { dbReadOnly = 4, dbForwardOnly = 0x100 };
+
+class Recordset {
+ public:
+  explicit Recordset(std::unique_ptr<internal::RecordCursor> cursor);
+  Recordset(Recordset&&) noexcept;
+  Recordset& operator=(Recordset&&) noexcept;
+  ~Recordset();
+
+  // True after the last record (or at once when there is none).
+  bool IsEOF() const;
+  // Moves to the next record; a DaoException when already at the end.
+  void MoveNext();
+  // Moves to the last record (stays at the end when there is none).
+  void MoveLast();
+
+  int GetFieldCount() const;
+  const FieldInfo& GetFieldInfo(int index) const;
+  // Position of a field (case-insensitive), or -1.
+  int FindField(std::string_view name) const noexcept;
+
+  // The current record's value as a variant: NULL as VT_NULL, Double VT_R8,
+  // Single VT_R4, Text and Memo as 8-bit VT_BSTR, Date VT_DATE, Boolean
+  // VT_BOOL, Byte VT_UI1, Integer VT_I2, Long VT_I4, Currency VT_CY, Binary
+  // and OLE as byte arrays, GUID as "{...}" text, Decimal as its exact text.
+  // A missing field
+  // or no current record raises a DaoException.
+  Variant GetFieldValue(std::string_view name) const;
+  Variant GetFieldValue(int index) const;
+
+  // The current record's value without copying (see FieldValue).
+  const FieldValue& GetFieldView(int index) const;
+  void SetTextEncoding(TextEncoding encoding);
+
+  // Records the cursor will visit in all (the table's record count for a
+  // table scan before it is complete).
+  long GetRecordCount() const;
+
+  void Close();
+
+ private:
+  internal::RecordCursor& cursor() const;
+  std::unique_ptr<internal::RecordCursor> cursor_;
+};
+
+}  // namespace kvdao::jet

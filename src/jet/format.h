@@ -1,0 +1,161 @@
+#pragma once
+
+// Byte layout of Jet database files (Jet 3: Access 97, Jet 4: Access
+// 2000-2003): page sizes, page types and the offsets of every structure the
+// engine reads. Shared by the reader and, later, the writer, so that format
+// knowledge lives in one place. Offsets are in bytes from the start of the
+// page or structure named; all integers are little-endian.
+
+#include <cstdint>
+
+namespace kvdao::jet::format {
+
+enum class Version { kJet3, kJet4 };
+
+// Page types: the first byte of every page.
+inline constexpr std::uint8_t kPageDatabaseHeader = 0x00;
+inline constexpr std::uint8_t kPageData = 0x01;
+inline constexpr std::uint8_t kPageTableDefinition = 0x02;
+inline constexpr std::uint8_t kPageIndexNode = 0x03;
+inline constexpr std::uint8_t kPageIndexLeaf = 0x04;
+inline constexpr std::uint8_t kPageUsageMap = 0x05;
+
+// Database header page (page 0).
+inline constexpr int kHeaderVersionOffset = 0x14;   // 0 = Jet 3, 1 = Jet 4
+inline constexpr int kHeaderMaskedOffset = 0x18;    // start of the RC4-masked region
+inline constexpr int kHeaderMaskedSizeJet3 = 126;
+inline constexpr int kHeaderMaskedSizeJet4 = 128;
+inline constexpr std::uint32_t kHeaderMaskKey = 0x6b39dac7;  // RC4 key, little-endian bytes
+inline constexpr int kHeaderSortOrderJet3 = 0x3A;   // 2 bytes
+inline constexpr int kHeaderCodePage = 0x3C;        // 2 bytes
+inline constexpr int kHeaderSortOrderJet4 = 0x6E;   // 4 bytes
+inline constexpr int kHeaderCreationDateJet4 = 0x72;  // OLE date (double)
+// The format name written at offset 4 of page 0.
+inline constexpr char kHeaderFormatId[] = "Standard Jet DB";
+inline constexpr int kHeaderFormatIdOffset = 4;
+
+// The system catalog MSysObjects always has its table definition on page 2.
+inline constexpr std::uint32_t kCatalogTableDefinitionPage = 2;
+
+// Row offsets on data pages carry two flags in their high bits.
+inline constexpr std::uint16_t kRowDeletedFlag = 0x8000;
+inline constexpr std::uint16_t kRowLookupFlag = 0x4000;  // row holds a pointer to its moved data
+inline constexpr std::uint16_t kRowOffsetMask = 0x1FFF;
+
+// Long value (memo / OLE) reference: 12 bytes in the row's variable area.
+inline constexpr int kLongValueHeaderSize = 12;
+inline constexpr std::uint32_t kLongValueInline = 0x80000000u;
+inline constexpr std::uint32_t kLongValueSinglePage = 0x40000000u;
+inline constexpr std::uint32_t kLongValueLengthMask = 0x3FFFFFFFu;
+
+// Column types as stored in table definitions.
+enum ColumnType : std::uint8_t {
+  kBoolean = 0x01,
+  kByte = 0x02,
+  kInteger = 0x03,
+  kLong = 0x04,
+  kMoney = 0x05,
+  kFloat = 0x06,
+  kDouble = 0x07,
+  kDateTime = 0x08,
+  kBinary = 0x09,
+  kText = 0x0A,
+  kOle = 0x0B,
+  kMemo = 0x0C,
+  kGuid = 0x0F,
+  kNumeric = 0x10,
+};
+
+// Column flags (table-definition column entry).
+inline constexpr std::uint8_t kColumnFixedLength = 0x01;
+inline constexpr std::uint8_t kColumnUpdatable = 0x02;
+inline constexpr std::uint8_t kColumnAutoLong = 0x04;
+inline constexpr std::uint8_t kColumnAutoGuid = 0x40;
+inline constexpr std::uint8_t kColumnHyperlink = 0x80;
+// Extra column flags (Jet 4 only).
+inline constexpr std::uint8_t kColumnCompressedUnicode = 0x01;
+
+// Physical index flags.
+inline constexpr std::uint8_t kIndexUnique = 0x01;
+inline constexpr std::uint8_t kIndexIgnoreNulls = 0x02;
+inline constexpr std::uint8_t kIndexRequired = 0x08;
+// Logical index types.
+inline constexpr std::uint8_t kIndexTypePrimary = 0x01;
+inline constexpr std::uint8_t kIndexTypeForeign = 0x02;
+inline constexpr int kIndexMaxColumns = 10;
+
+// Table types in the table definition.
+inline constexpr std::uint8_t kTableUser = 0x4E;
+inline constexpr std::uint8_t kTableSystem = 0x53;
+
+// MSysObjects: object types and the flags of system objects.
+inline constexpr int kObjectTypeTable = 1;
+inline constexpr std::uint32_t kObjectSystemFlags = 0x80000002u;
+
+// Usage maps.
+inline constexpr std::uint8_t kUsageMapInline = 0x00;
+inline constexpr std::uint8_t kUsageMapReference = 0x01;
+inline constexpr int kUsageMapPageDataOffset = 4;  // bitmap start on a type 0x05 page
+
+// Everything that differs between Jet 3 and Jet 4.
+struct Layout {
+  Version version;
+  std::uint32_t page_size;
+
+  // Data pages.
+  int data_owner_offset;      // table-definition page that owns the page
+  int data_row_count_offset;  // 2 bytes
+  int data_row_table_offset;  // first 2-byte row offset
+
+  // Table definitions.
+  int tdef_next_page_offset;
+  int tdef_row_count_offset;
+  int tdef_table_type_offset;
+  int tdef_max_columns_offset;
+  int tdef_var_columns_offset;
+  int tdef_columns_offset;
+  int tdef_logical_indexes_offset;
+  int tdef_real_indexes_offset;
+  int tdef_owned_pages_offset;
+  int tdef_free_pages_offset;
+  int tdef_header_size;            // where the per-index row counts begin
+  int tdef_continuation_header;    // bytes skipped on each following page
+  int tdef_real_index_count_size;  // per physical index, before the columns
+  int column_entry_size;
+  int column_type_offset;
+  int column_number_offset;
+  int column_var_index_offset;
+  int column_precision_offset;
+  int column_scale_offset;
+  int column_flags_offset;
+  int column_ext_flags_offset;  // -1 when absent
+  int column_fixed_offset_offset;
+  int column_length_offset;
+  int name_length_size;  // 1 (Jet 3) or 2 (Jet 4) bytes before each name
+  int real_index_entry_size;
+  int real_index_skip;  // bytes before the column list
+  int logical_index_entry_size;
+  int logical_index_skip;  // bytes before the index number
+
+  // Rows.
+  int row_column_count_size;  // 1 or 2
+  int row_var_offset_size;    // 1 or 2
+};
+
+inline constexpr Layout kJet3{
+    Version::kJet3, 2048,
+    4, 8, 10,
+    4, 12, 20, 21, 23, 25, 27, 31, 35, 39, 43, 8, 8,
+    18, 0, 1, 3, 11, 12, 13, -1, 14, 16,
+    1, 39, 0, 20, 0,
+    1, 1};
+
+inline constexpr Layout kJet4{
+    Version::kJet4, 4096,
+    4, 12, 14,
+    4, 16, 40, 41, 43, 45, 47, 51, 55, 59, 63, 8, 12,
+    25, 0, 5, 7, 11, 12, 15, 16, 21, 23,
+    2, 52, 4, 28, 4,
+    2, 2};
+
+}  // namespace kvdao::jet::format

@@ -1,0 +1,48 @@
+#pragma once
+
+// RowDecoder: splits a stored row into its fields. A row holds a column
+// count, the fixed-length columns, the variable-length columns, a table of
+// variable-column offsets (stored backwards from the end; Jet 3 uses 1-byte
+// offsets with a jump table for rows over 255 bytes), the number of variable
+// columns and a null mask with one bit per column number (1 = present; for
+// Boolean columns the bit is the value). Rows written before a column was
+// added have fewer columns; such columns read as null.
+
+#include <cstdint>
+#include <vector>
+
+#include "bytes.h"
+#include "table_definition.h"
+
+namespace kvdao::jet::internal {
+
+struct Cell {
+  bool null = true;
+  bool boolean = false;     // Boolean columns: the value
+  std::uint32_t offset = 0;  // position in the row
+  std::uint32_t length = 0;
+};
+
+class RowDecoder {
+ public:
+  RowDecoder(const TableDefinition& table, const format::Layout& layout);
+
+  // Decodes the fields of one row into cells() (same order as the table's
+  // columns); DaoException when the row's offsets do not fit the row.
+  void Decode(Bytes row);
+  const std::vector<Cell>& cells() const noexcept { return cells_; }
+
+ private:
+  void ReadVarOffsets(Bytes row, std::uint32_t null_size);
+
+  const TableDefinition& table_;
+  const format::Layout& layout_;
+  bool has_var_columns_ = false;
+  std::vector<Cell> cells_;
+  std::vector<std::uint32_t> var_offsets_;  // var column i runs [i, i+1)
+};
+
+// Bytes a fixed-length column of this type occupies.
+std::uint32_t FixedSize(const ColumnDef& column) noexcept;
+
+}  // namespace kvdao::jet::internal

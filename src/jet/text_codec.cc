@@ -1,0 +1,117 @@
+#include "text_codec.h"
+
+namespace kvdao::jet::internal {
+namespace {
+
+// Unicode characters of bytes 0x80..0x9F in code page 1252 (0 = undefined).
+constexpr char16_t kHigh[32] = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+// Emits the characters of UCS-2 text one by one, joining surrogate pairs.
+template <typename Sink>
+void ForEachChar(Bytes stored, Sink&& sink) {
+  char32_t pending_high = 0;
+  auto emit_unit = [&](char16_t unit) {
+    if (unit >= 0xD800 && unit < 0xDC00) {
+      if (pending_high != 0) sink(U'\uFFFD');
+      pending_high = unit;
+      return;
+    }
+    if (unit >= 0xDC00 && unit < 0xE000) {
+      if (pending_high != 0) {
+        sink(0x10000 + ((pending_high - 0xD800) << 10) + (unit - 0xDC00));
+        pending_high = 0;
+      } else {
+        sink(U'\uFFFD');
+      }
+      return;
+    }
+    if (pending_high != 0) {
+      sink(U'\uFFFD');
+      pending_high = 0;
+    }
+    sink(unit);
+  };
+  const std::uint8_t* p = stored.data();
+  const std::uint8_t* end = p + stored.size();
+  if (IsCompressedText(stored)) {
+    p += 2;
+    bool compressed = true;
+    while (p < end) {
+      if (*p == 0) {
+        compressed = !compressed;
+        ++p;
+      } else if (compressed) {
+        emit_unit(*p++);
+      } else if (end - p >= 2) {
+        emit_unit(LoadU16(p));
+        p += 2;
+      } else {
+        break;  // a dangling half character is dropped
+      }
+    }
+  } else {
+    for (; end - p >= 2; p += 2) emit_unit(LoadU16(p));
+  }
+  if (pending_high != 0) sink(U'\uFFFD');
+}
+
+}  // namespace
+
+char UnicodeToCp1252(char32_t c) noexcept {
+  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
+  for (int i = 0; i < 32; ++i) {
+    if (kHigh[i] != 0 && kHigh[i] == c) return static_cast<char>(0x80 + i);
+  }
+  return '?';
+}
+
+char32_t Cp1252ToUnicode(unsigned char c) noexcept {
+  if (c < 0x80 || c >= 0xA0) return c;
+  char16_t mapped = kHigh[c - 0x80];
+  return mapped != 0 ? mapped : U'\uFFFD';
+}
+
+void AppendUtf8(std::string& out, char32_t c) {
+  if (c < 0x80) {
+    out += static_cast<char>(c);
+  } else if (c < 0x800) {
+    out += static_cast<char>(0xC0 | (c >> 6));
+    out += static_cast<char>(0x80 | (c & 0x3F));
+  } else if (c < 0x10000) {
+    out += static_cast<char>(0xE0 | (c >> 12));
+    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (c & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (c >> 18));
+    out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (c & 0x3F));
+  }
+}
+
+void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
+  if (encoding == TextEncoding::kUtf8) {
+    ForEachChar(stored, [&](char32_t c) {
+      if (c < 0x80) {
+        out += static_cast<char>(c);
+      } else {
+        AppendUtf8(out, c);
+      }
+    });
+  } else {
+    ForEachChar(stored, [&](char32_t c) { out += UnicodeToCp1252(c); });
+  }
+}
+
+void AppendJet3Text(Bytes stored, TextEncoding encoding, std::string& out) {
+  if (encoding == TextEncoding::kCp1252) {
+    out.append(reinterpret_cast<const char*>(stored.data()), stored.size());
+    return;
+  }
+  for (std::uint8_t byte : stored) AppendUtf8(out, Cp1252ToUnicode(byte));
+}
+
+}  // namespace kvdao::jet::internal
