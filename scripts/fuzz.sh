@@ -9,7 +9,7 @@ build=build/fuzz
 CC=clang CXX=clang++ cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
   -DKVDAO_BUILD_FUZZ=ON -DKVDAO_BUILD_TESTS=OFF -DKVDAO_BUILD_TOOLS=OFF \
   -DKVDAO_BUILD_BENCH=OFF -DKVDAO_BUILD_EXAMPLES=OFF >/dev/null
-cmake --build "$build" --parallel "$(nproc)"
+cmake --build "$build" --parallel "$(nproc)" --target kvdao_fuzzers
 
 status=0
 for fuzzer in "$build"/fuzz/*_fuzz; do
