@@ -75,7 +75,7 @@ void CMethodRecord::StoreText(std::size_t offset, std::string_view value, std::s
   // any C string.
   length = std::min(length, value.substr(0, length).find('\0'));
   unsigned char* target = Bytes() + offset;
-  std::memcpy(target, value.data(), length);
+  if (length > 0) std::memcpy(target, value.data(), length);
   target[length] = '\0';
 }
 
