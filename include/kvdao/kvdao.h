@@ -7,6 +7,7 @@
 
 #include "kvdao/platform/archive.h"
 #include "kvdao/platform/atomic_file.h"
+#include "kvdao/platform/code_page.h"
 #include "kvdao/platform/dao_types.h"
 #include "kvdao/platform/environment.h"
 #include "kvdao/platform/exceptions.h"

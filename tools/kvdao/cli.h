@@ -46,7 +46,7 @@ int RejectExtraArguments(CommandContext& context, std::string_view command,
 
 // A string as a JSON string literal: quoted, with control characters,
 // quotes and backslashes escaped. Bytes are taken as code page 1252 and
-// written as UTF-8.
+// written as UTF-8 (an undefined byte as the C1 control of its number).
 std::string JsonString(std::string_view text);
 
 }  // namespace kvdao::cli

@@ -14,6 +14,8 @@
 
 #include <pugixml.hpp>
 
+#include "kvdao/platform/code_page.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,17 +64,4 @@ class XmlBuilder {
   std::vector<pugi::xml_node> m_open;
 };
 
-namespace platform {
-
-// Code page 1252 to UTF-8: every byte maps to one Unicode character (the five
-// bytes the code page leaves undefined map to the C1 control of the same
-// number, so nothing is lost). `out` is replaced.
-void Utf8From1252(std::string_view text, std::string& out);
-// UTF-8 to code page 1252: characters outside the code page and malformed
-// sequences become '?'. `out` is replaced.
-void Cp1252FromUtf8(std::string_view text, std::string& out);
-// True when every byte is below 0x80, so that both forms are the same bytes.
-bool IsAscii(std::string_view text) noexcept;
-
-}  // namespace platform
 }  // namespace kvdao
