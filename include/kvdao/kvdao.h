@@ -27,6 +27,7 @@
 #include "kvdao/samplelist/sample_list.h"
 #include "kvdao/samplelist/sample_list_mem.h"
 #include "kvdao/samplelist/sample_list_row.h"
+#include "kvdao/samplelist/sample_record.h"
 #include "kvdao/samplelist/sample_record_attributes.h"
 #include "kvdao/samplelist/schema.h"
 
