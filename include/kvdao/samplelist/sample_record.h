@@ -23,7 +23,9 @@
 #include <memory>
 #include <string>
 
+#include "kvdao/samplelist/kv_variant.h"
 #include "kvdao/samplelist/sample_db_record.h"
+#include "kvdao/samplelist/sample_list_row.h"
 #include "kvdao/samplelist/sample_record_attributes.h"
 
 namespace kvdao {
@@ -60,6 +62,25 @@ class CSampleRecord {
   // Allocates whichever store is missing and clears the flat record to zero
   // bytes; the attributes are kept.
   void Initialise();
+
+  // --- conversion to and from a sample-list row ---
+  // Every column maps to one field (FILE_NAME to the data file, CONC_A to
+  // concentration 0, Index to the sample number, VERSION to the layout
+  // version, ...). A row converted to a record and back is the same row for
+  // texts within their fields' widths, doubles that survive "%lf" in 15
+  // characters, and whole-number indexes.
+  explicit CSampleRecord(const CSampleListRow& row);
+  CSampleRecord& operator=(const CSampleListRow& row);
+  void GetSample(CSampleListRow* row) const;
+  void SetSample(const CSampleListRow* row);
+  // Copies one cell of a row into its field: through CopyFieldString for a
+  // text column, CopyFieldOther for the rest. A column outside the schema
+  // does nothing.
+  void CopyField(const CSampleListRow& row, int column);
+  void CopyFieldString(int column, const std::string& text);
+  void CopyFieldOther(int column, const CKVVariant& value);
+  // Writes the field of `column` into the row's cell.
+  void CopyToRowVal(CSampleListRow& row, int column) const;
 
   // Copies the flat record out or in. Copying in also refills the
   // attributes' masses and concentrations from the record's slots.

@@ -94,6 +94,9 @@ class CSampleRecordAttributes {
   void SetText(TextField field, std::string_view value) { texts_[field].assign(value); }
 
   double retentionTimeOffset = 0.0;
+  // The sample-list layout version of the row the sample came from (the
+  // VERSION column), so that a row survives the trip through a record.
+  double layoutVersion = 31.5;
 
   bool operator==(const CSampleRecordAttributes&) const = default;
 

@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "kvdao/samplelist/sample_record.h"
+
+namespace kvdao {
+namespace {
+
+// A row with a distinct value in every column: short texts (within every
+// field's width) and doubles that "%lf" writes exactly.
+CSampleListRow FullRow() {
+  CSampleListRow row;
+  for (int column = 0; column < kSampleColumnCount; ++column) {
+    if (kSampleColumns[column].type == dbText) {
+      row[column] = "v" + std::to_string(column);
+    } else {
+      row[column] = 1.0 + column * 0.25;
+    }
+  }
+  row[kColumnIndex] = 42.0;
+  return row;
+}
+
+TEST(SampleRecordRowTest, EveryColumnSurvivesTheTripThroughARecord) {
+  const CSampleListRow original = FullRow();
+  CSampleRecord record(original);
+  CSampleListRow back;
+  record.GetSample(&back);
+  for (int column = 0; column < kSampleColumnCount; ++column) {
+    EXPECT_EQ(back[column], original[column]) << kSampleColumns[column].name;
+  }
+  // A second record made from the first is the same record.
+  CSampleRecord again;
+  again = back;
+  _tagINTERNAL_SAMPLES_DB_RECORD a, b;
+  record.GetSample(&a);
+  again.GetSample(&b);
+  EXPECT_EQ(std::string(reinterpret_cast<const char*>(&a), sizeof a),
+            std::string(reinterpret_cast<const char*>(&b), sizeof b));
+  EXPECT_EQ(again.Attributes(), record.Attributes());
+}
+
+TEST(SampleRecordRowTest, ColumnsLandInTheirNamedFields) {
+  CSampleRecord record(FullRow());
+  EXPECT_EQ(record.GetDataFile(), "v1");
+  EXPECT_EQ(record.GetMSFile(), "v3");
+  EXPECT_EQ(record.GetConcentrationText(0), "v27");
+  EXPECT_EQ(record.GetMassText(29), "v86");
+  EXPECT_EQ(record.GetCompound(29), "v147");
+  EXPECT_EQ(record.GetWavelength(0), 1.0 + 47 * 0.25);
+  EXPECT_EQ(record.GetFractionTrigger(9), "v97");
+  EXPECT_EQ(record.GetSpare(0), "v105");
+  EXPECT_EQ(record.GetSubjectSex(), "v116");
+  EXPECT_EQ(record.GetQuanRef(), "v111");
+  EXPECT_EQ(record.GetInjectionVolume(), 1.0 + 99 * 0.25);
+  EXPECT_EQ(record.GetRetentionTimeOffset(), 1.0 + 150 * 0.25);
+  EXPECT_EQ(record.GetSampleNumber(), 42);
+  EXPECT_EQ(record.GetNumMasses(), 30);
+}
+
+TEST(SampleRecordRowTest, GroupCountsFollowWhatWasEntered) {
+  CSampleListRow row;
+  row[kColumnMassFirst] = "301.2";
+  row[kColumnMassFirst + 2] = "445.1";
+  row[kColumnWavelengthFirst + 1] = 254.0;
+  CSampleRecord record(row);
+  EXPECT_EQ(record.GetNumMasses(), 3);
+  EXPECT_EQ(record.GetNumWavelengths(), 2);
+  EXPECT_EQ(record.GetNumCompounds(), 0);
+
+  // Numbers given as text in a number column are parsed; other tags too.
+  record.CopyFieldOther(kColumnWavelengthFirst, CKVVariant("280.5nm"));
+  EXPECT_EQ(record.GetWavelength(0), 280.5);
+  record.CopyFieldOther(kColumnIndex, CKVVariant(7L));
+  EXPECT_EQ(record.GetSampleNumber(), 7);
+  record.CopyFieldString(kColumnIndex, "9");
+  EXPECT_EQ(record.GetSampleNumber(), 9);
+  record.CopyField(row, 160);  // outside the schema: nothing
+  CSampleListRow out;
+  record.CopyToRowVal(out, -1);
+  EXPECT_EQ(out, CSampleListRow());
+}
+
+}  // namespace
+}  // namespace kvdao
