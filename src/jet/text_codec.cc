@@ -11,7 +11,7 @@ constexpr char16_t kHigh[32] = {
 
 // Emits the characters of UCS-2 text one by one, joining surrogate pairs.
 template <typename Sink>
-void ForEachChar(Bytes stored, Sink&& sink) {
+void ForEachChar(Bytes stored, bool compressed_form, Sink&& sink) {
   char32_t pending_high = 0;
   auto emit_unit = [&](char16_t unit) {
     if (unit >= 0xD800 && unit < 0xDC00) {
@@ -36,7 +36,7 @@ void ForEachChar(Bytes stored, Sink&& sink) {
   };
   const std::uint8_t* p = stored.data();
   const std::uint8_t* end = p + stored.size();
-  if (IsCompressedText(stored)) {
+  if (compressed_form) {
     p += 2;
     bool compressed = true;
     while (p < end) {
@@ -93,8 +93,22 @@ void AppendUtf8(std::string& out, char32_t c) {
 }
 
 void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
+  // Fast path: plain UCS-2 whose characters are all ASCII (most stored text).
+  const bool compressed = IsCompressedText(stored);
+  if (!compressed) {
+    std::size_t count = stored.size() / 2;
+    const std::uint8_t* p = stored.data();
+    std::size_t i = 0;
+    while (i < count && p[2 * i + 1] == 0 && p[2 * i] < 0x80) ++i;
+    std::size_t base = out.size();
+    out.resize(base + i);
+    char* dest = out.data() + base;
+    for (std::size_t k = 0; k < i; ++k) dest[k] = static_cast<char>(p[2 * k]);
+    if (i == count) return;
+    stored = stored.subspan(2 * i);
+  }
   if (encoding == TextEncoding::kUtf8) {
-    ForEachChar(stored, [&](char32_t c) {
+    ForEachChar(stored, compressed, [&](char32_t c) {
       if (c < 0x80) {
         out += static_cast<char>(c);
       } else {
@@ -102,7 +116,7 @@ void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
       }
     });
   } else {
-    ForEachChar(stored, [&](char32_t c) { out += UnicodeToCp1252(c); });
+    ForEachChar(stored, compressed, [&](char32_t c) { out += UnicodeToCp1252(c); });
   }
 }
 
