@@ -1,13 +1,9 @@
 #include "text_codec.h"
 
+#include "kvdao/platform/code_page.h"
+
 namespace kvdao::jet::internal {
 namespace {
-
-// Unicode characters of bytes 0x80..0x9F in code page 1252 (0 = undefined).
-constexpr char16_t kHigh[32] = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
 // Emits the characters of UCS-2 text one by one, joining surrogate pairs.
 template <typename Sink>
@@ -61,18 +57,10 @@ void ForEachChar(Bytes stored, bool compressed_form, Sink&& sink) {
 }  // namespace
 
 char UnicodeToCp1252(char32_t c) noexcept {
-  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
-  for (int i = 0; i < 32; ++i) {
-    if (kHigh[i] != 0 && kHigh[i] == c) return static_cast<char>(0x80 + i);
-  }
-  return '?';
+  return c < 0x80 ? static_cast<char>(c) : platform::ByteFrom1252CodePoint(c);
 }
 
-char32_t Cp1252ToUnicode(unsigned char c) noexcept {
-  if (c < 0x80 || c >= 0xA0) return c;
-  char16_t mapped = kHigh[c - 0x80];
-  return mapped != 0 ? mapped : U'\uFFFD';
-}
+char32_t Cp1252ToUnicode(unsigned char c) noexcept { return platform::CodePointFrom1252(c); }
 
 void AppendUtf8(std::string& out, char32_t c) {
   if (c < 0x80) {
