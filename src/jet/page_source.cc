@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
@@ -53,6 +54,17 @@ PageSource::~PageSource() {
 void PageSource::SetLayout(const format::Layout& layout) {
   layout_ = &layout;
   page_count_ = static_cast<std::uint32_t>(size_ / layout.page_size);
+}
+
+void PageSource::Release(std::uint32_t first, std::uint32_t count) const noexcept {
+  if (!mapped_ || count == 0) return;
+  static const std::size_t system_page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+  std::size_t begin = static_cast<std::size_t>(first) * layout_->page_size;
+  std::size_t end = std::min(size_, begin + static_cast<std::size_t>(count) * layout_->page_size);
+  begin = (begin + system_page - 1) / system_page * system_page;  // whole system pages inside the range
+  end = end / system_page * system_page;
+  if (begin >= end) return;
+  ::madvise(const_cast<std::uint8_t*>(data_) + begin, end - begin, MADV_DONTNEED);
 }
 
 Bytes PageSource::Page(std::uint32_t n) const {

@@ -34,6 +34,12 @@ class PageSource {
 
   // Page number n; DaoException when n is outside the file.
   Bytes Page(std::uint32_t n) const;
+  // Tells the system that pages [first, first + count) are not needed soon:
+  // their memory is given back and they are read again if touched. Readers
+  // that sweep a large table call it behind them so that memory use stays
+  // flat however large the table is. Spans into those pages stay valid.
+  void Release(std::uint32_t first, std::uint32_t count) const noexcept;
+
   // Page n, also checking its type byte.
   Bytes Page(std::uint32_t n, std::uint8_t expected_type, const char* what) const;
 

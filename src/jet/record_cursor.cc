@@ -55,7 +55,9 @@ RecordCursor::RecordCursor(std::shared_ptr<DatabaseFile> file, std::shared_ptr<c
       scanner_(file_->pages(), table_->definition),
       decoder_(table_->definition, file_->pages().layout()),
       values_(table_->definition.columns.size()),
+      decoded_(table_->definition.columns.size(), 0),
       buffers_(table_->definition.columns.size()) {
+  for (const ColumnDef& column : table_->definition.columns) dao_types_.push_back(DaoType(column.type));
   if (order) Sort(*order);
   MoveNext();
 }
@@ -80,7 +82,7 @@ void RecordCursor::Sort(const SortOrder& order) {
 void RecordCursor::Position(Bytes row) {
   row_ = row;
   decoder_.Decode(row);
-  for (FieldValue& value : values_) value.type = -1;  // not decoded yet
+  ++stamp_;  // nothing of this row decoded yet
 }
 
 void RecordCursor::MoveNext() {
@@ -124,12 +126,32 @@ long RecordCursor::RecordCount() const noexcept {
 
 const FieldValue& RecordCursor::Value(int field) {
   FieldValue& value = values_[static_cast<std::size_t>(field)];
-  if (value.type == -1) {
+  if (decoded_[static_cast<std::size_t>(field)] != stamp_) {
+    decoded_[static_cast<std::size_t>(field)] = stamp_;
     DecodeValue(file_->pages(), table_->definition.columns[static_cast<std::size_t>(field)],
                 decoder_.cells()[static_cast<std::size_t>(field)], row_, encoding_, value,
                 buffers_[static_cast<std::size_t>(field)]);
   }
   return value;
+}
+
+std::span<const FieldValue> RecordCursor::AllValues() {
+  if (all_decoded_ == stamp_) return values_;
+  const auto& columns = table_->definition.columns;
+  const auto& cells = decoder_.cells();
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    if (decoded_[i] == stamp_) continue;
+    decoded_[i] = stamp_;
+    FieldValue& value = values_[i];
+    if (cells[i].null) {  // most fields of wide tables: no decoding needed
+      value.type = dao_types_[i];
+      value.null = true;
+      continue;
+    }
+    DecodeValue(file_->pages(), columns[i], cells[i], row_, encoding_, value, buffers_[i]);
+  }
+  all_decoded_ = stamp_;
+  return values_;
 }
 
 Variant RecordCursor::VariantValue(int field) {

@@ -32,13 +32,15 @@ class RecordCursor {
 
   const TableDef& def() const noexcept { return table_->def; }
   const FieldValue& Value(int field);
+  // Every field of the current row, decoded.
+  std::span<const FieldValue> AllValues();
   // The value as a Variant, texts in code page 1252 whatever the encoding
   // of the views.
   Variant VariantValue(int field);
   void SetTextEncoding(TextEncoding encoding) noexcept {
     if (encoding == encoding_) return;
     encoding_ = encoding;
-    for (FieldValue& value : values_) value.type = -1;
+    ++stamp_;  // decoded values are stale
   }
 
  private:
@@ -53,7 +55,12 @@ class RecordCursor {
   bool eof_ = true;
   Bytes row_;
   std::vector<FieldValue> values_;
+  // values_[i] is current when decoded_[i] == stamp_; moving bumps stamp_.
+  std::vector<std::uint32_t> decoded_;
+  std::uint32_t stamp_ = 1;
+  std::uint32_t all_decoded_ = 0;
   std::vector<FieldBuffers> buffers_;
+  std::vector<int> dao_types_;
   FieldValue scratch_value_;
   FieldBuffers scratch_buffers_;
   // Sorted cursors: the rows in order, and the next one to visit.

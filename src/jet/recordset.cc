@@ -62,6 +62,11 @@ const FieldValue& Recordset::GetFieldView(int index) const {
   return cursor().Value(index);
 }
 
+std::span<const FieldValue> Recordset::GetRecordView() const {
+  if (cursor().eof()) throw DaoException("No current record.");
+  return cursor().AllValues();
+}
+
 void Recordset::SetTextEncoding(TextEncoding encoding) { cursor().SetTextEncoding(encoding); }
 
 long Recordset::GetRecordCount() const { return cursor().RecordCount(); }

@@ -25,27 +25,26 @@ std::uint32_t FixedSize(const ColumnDef& column) noexcept {
 }
 
 RowDecoder::RowDecoder(const TableDefinition& table, const format::Layout& layout)
-    : table_(table), layout_(layout), cells_(table.columns.size()) {
+    : layout_(layout), cells_(table.columns.size()) {
+  const auto count_size = static_cast<std::uint32_t>(layout.row_column_count_size);
   for (const ColumnDef& column : table.columns) {
-    if (!column.fixed()) has_var_columns_ = true;
+    ColumnPlan plan{column.number, count_size + column.fixed_offset, FixedSize(column), column.var_index,
+                    ColumnPlan::kFixed};
+    if (column.type == format::kBoolean) {
+      plan.kind = ColumnPlan::kBoolean;
+    } else if (!column.fixed()) {
+      plan.kind = ColumnPlan::kVariable;
+      has_var_columns_ = true;
+    }
+    plan_.push_back(plan);
   }
 }
 
-void RowDecoder::ReadVarOffsets(Bytes row, std::uint32_t null_size) {
+void RowDecoder::ReadJet3VarOffsets(Bytes row, std::uint32_t null_size) {
+  // 1-byte offsets; each jump-table entry names the first variable column
+  // whose offset needs another 256 added.
   const std::uint32_t size = static_cast<std::uint32_t>(row.size());
   var_offsets_.clear();
-  if (layout_.version == format::Version::kJet4) {
-    if (size < null_size + 4) ThrowBadRow();
-    std::uint32_t count_at = size - null_size - 2;
-    std::uint32_t count = LoadU16(row.data() + count_at);
-    if (2u * (count + 1) + 2 > count_at) ThrowBadRow();
-    for (std::uint32_t i = 0; i <= count; ++i) {
-      var_offsets_.push_back(LoadU16(row.data() + count_at - 2 * (i + 1)));
-    }
-    return;
-  }
-  // Jet 3: 1-byte offsets; each jump-table entry names the first variable
-  // column whose offset needs another 256 added.
   if (size < null_size + 2) ThrowBadRow();
   std::uint32_t count_at = size - null_size - 1;
   std::uint32_t count = row[count_at];
@@ -62,45 +61,67 @@ void RowDecoder::ReadVarOffsets(Bytes row, std::uint32_t null_size) {
 }
 
 void RowDecoder::Decode(Bytes row) {
+  const std::uint8_t* data = row.data();
   const std::uint32_t size = static_cast<std::uint32_t>(row.size());
-  const std::uint32_t count_size = static_cast<std::uint32_t>(layout_.row_column_count_size);
+  const bool jet4 = layout_.version == format::Version::kJet4;
+  const std::uint32_t count_size = jet4 ? 2 : 1;
   if (size < count_size) ThrowBadRow();
-  std::uint32_t column_count = count_size == 1 ? row[0] : LoadU16(row.data());
-  std::uint32_t null_size = (column_count + 7) / 8;
+  const std::uint32_t column_count = jet4 ? LoadU16(data) : data[0];
+  const std::uint32_t null_size = (column_count + 7) / 8;
   if (null_size + count_size > size) ThrowBadRow();
-  const std::uint8_t* null_mask = row.data() + size - null_size;
-  if (has_var_columns_) ReadVarOffsets(row, null_size);
-  std::uint32_t var_count = var_offsets_.empty() ? 0 : static_cast<std::uint32_t>(var_offsets_.size() - 1);
+  const std::uint8_t* null_mask = data + size - null_size;
 
-  for (std::size_t i = 0; i < table_.columns.size(); ++i) {
-    const ColumnDef& column = table_.columns[i];
+  // Variable columns: Jet 4 offsets are read in place (entry i sits 2 * (i + 1)
+  // bytes before the 2-byte count); Jet 3 offsets are unpacked first.
+  std::uint32_t var_count = 0;
+  const std::uint8_t* jet4_table = nullptr;  // the 2-byte variable column count
+  if (has_var_columns_) {
+    if (jet4) {
+      if (size < null_size + 4) ThrowBadRow();
+      std::uint32_t count_at = size - null_size - 2;
+      var_count = LoadU16(data + count_at);
+      if (2u * (var_count + 1) + 2 > count_at) ThrowBadRow();
+      jet4_table = data + count_at;
+    } else {
+      ReadJet3VarOffsets(row, null_size);
+      var_count = static_cast<std::uint32_t>(var_offsets_.size() - 1);
+    }
+  }
+
+  const std::size_t columns = plan_.size();
+  for (std::size_t i = 0; i < columns; ++i) {
+    const ColumnPlan& plan = plan_[i];
     Cell& cell = cells_[i];
-    std::uint32_t number = column.number;
-    bool present = number < column_count && (null_mask[number / 8] & (1u << (number % 8))) != 0;
-    if (column.type == format::kBoolean) {
+    const std::uint32_t number = plan.number;
+    const bool present = number < column_count && (null_mask[number >> 3] & (1u << (number & 7))) != 0;
+    if (plan.kind == ColumnPlan::kBoolean) {
       cell.null = false;
       cell.boolean = present;
       continue;
     }
     cell.null = !present;
     if (!present) continue;
-    if (column.fixed()) {
-      std::uint32_t start = count_size + column.fixed_offset;
-      std::uint32_t length = FixedSize(column);
-      if (start > size || length > size - start) ThrowBadRow();
-      cell.offset = start;
-      cell.length = length;
-    } else {
-      if (column.var_index >= var_count) {
-        cell.null = true;
-        continue;
-      }
-      std::uint32_t start = var_offsets_[column.var_index];
-      std::uint32_t end = var_offsets_[column.var_index + 1u];
-      if (start > end || end > size) ThrowBadRow();
-      cell.offset = start;
-      cell.length = end - start;
+    if (plan.kind == ColumnPlan::kFixed) {
+      if (plan.start > size || plan.length > size - plan.start) ThrowBadRow();
+      cell.offset = plan.start;
+      cell.length = plan.length;
+      continue;
     }
+    if (plan.var_index >= var_count) {
+      cell.null = true;
+      continue;
+    }
+    std::uint32_t start, end;
+    if (jet4) {
+      start = LoadU16(jet4_table - 2 * (plan.var_index + 1));
+      end = LoadU16(jet4_table - 2 * (plan.var_index + 2));
+    } else {
+      start = var_offsets_[plan.var_index];
+      end = var_offsets_[plan.var_index + 1];
+    }
+    if (start > end || end > size) ThrowBadRow();
+    cell.offset = start;
+    cell.length = end - start;
   }
 }
 

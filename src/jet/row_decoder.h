@@ -33,13 +33,22 @@ class RowDecoder {
   const std::vector<Cell>& cells() const noexcept { return cells_; }
 
  private:
-  void ReadVarOffsets(Bytes row, std::uint32_t null_size);
+  // Where one column lives, worked out once per table.
+  struct ColumnPlan {
+    std::uint32_t number;  // null-mask bit
+    std::uint32_t start;   // fixed columns: offset in the row
+    std::uint32_t length;  // fixed columns: bytes
+    std::uint32_t var_index;
+    enum Kind : std::uint8_t { kBoolean, kFixed, kVariable } kind;
+  };
 
-  const TableDefinition& table_;
+  void ReadJet3VarOffsets(Bytes row, std::uint32_t null_size);
+
   const format::Layout& layout_;
   bool has_var_columns_ = false;
+  std::vector<ColumnPlan> plan_;
   std::vector<Cell> cells_;
-  std::vector<std::uint32_t> var_offsets_;  // var column i runs [i, i+1)
+  std::vector<std::uint32_t> var_offsets_;  // Jet 3: var column i runs [i, i+1)
 };
 
 // Bytes a fixed-length column of this type occupies.

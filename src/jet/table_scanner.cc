@@ -10,6 +10,9 @@ namespace {
 // reader follow pointers forever.
 constexpr int kMaxLookupHops = 16;
 
+// Pages swept past are handed back to the system in batches of this many.
+constexpr std::uint32_t kReleaseBatch = 256;
+
 bool OwnedDataPage(Bytes page, const format::Layout& layout, std::uint32_t table_page) {
   return page[0] == format::kPageData && LoadU32(page.data() + layout.data_owner_offset) == table_page;
 }
@@ -42,6 +45,7 @@ void TableScanner::Rewind() noexcept {
   page_index_ = 0;
   page_ = Bytes();
   row_ = row_count_ = 0;
+  released_to_ = 0;
 }
 
 bool TableScanner::Next(Bytes& row, RowId& id) {
@@ -50,6 +54,10 @@ bool TableScanner::Next(Bytes& row, RowId& id) {
     while (row_ >= row_count_) {
       if (page_index_ >= data_pages_.size()) return false;
       std::uint32_t number = data_pages_[page_index_++];
+      if (number >= released_to_ + kReleaseBatch) {
+        pages_.Release(released_to_, number - released_to_);
+        released_to_ = number;
+      }
       Bytes page = pages_.Page(number);
       // Usage maps may list pages that were freed or reused; only data
       // pages that name this table hold its rows.

@@ -35,6 +35,7 @@ class TableScanner {
   Bytes page_;
   std::uint32_t row_ = 0;
   std::uint32_t row_count_ = 0;
+  std::uint32_t released_to_ = 0;  // pages below this were handed back
 };
 
 }  // namespace kvdao::jet::internal

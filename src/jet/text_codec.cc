@@ -1,17 +1,13 @@
 #include "text_codec.h"
 
+#include "kvdao/platform/code_page.h"
+
 namespace kvdao::jet::internal {
 namespace {
 
-// Unicode characters of bytes 0x80..0x9F in code page 1252 (0 = undefined).
-constexpr char16_t kHigh[32] = {
-    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
-
 // Emits the characters of UCS-2 text one by one, joining surrogate pairs.
 template <typename Sink>
-void ForEachChar(Bytes stored, Sink&& sink) {
+void ForEachChar(Bytes stored, bool compressed_form, Sink&& sink) {
   char32_t pending_high = 0;
   auto emit_unit = [&](char16_t unit) {
     if (unit >= 0xD800 && unit < 0xDC00) {
@@ -36,7 +32,7 @@ void ForEachChar(Bytes stored, Sink&& sink) {
   };
   const std::uint8_t* p = stored.data();
   const std::uint8_t* end = p + stored.size();
-  if (IsCompressedText(stored)) {
+  if (compressed_form) {
     p += 2;
     bool compressed = true;
     while (p < end) {
@@ -61,18 +57,10 @@ void ForEachChar(Bytes stored, Sink&& sink) {
 }  // namespace
 
 char UnicodeToCp1252(char32_t c) noexcept {
-  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return static_cast<char>(c);
-  for (int i = 0; i < 32; ++i) {
-    if (kHigh[i] != 0 && kHigh[i] == c) return static_cast<char>(0x80 + i);
-  }
-  return '?';
+  return c < 0x80 ? static_cast<char>(c) : platform::ByteFrom1252CodePoint(c);
 }
 
-char32_t Cp1252ToUnicode(unsigned char c) noexcept {
-  if (c < 0x80 || c >= 0xA0) return c;
-  char16_t mapped = kHigh[c - 0x80];
-  return mapped != 0 ? mapped : U'\uFFFD';
-}
+char32_t Cp1252ToUnicode(unsigned char c) noexcept { return platform::CodePointFrom1252(c); }
 
 void AppendUtf8(std::string& out, char32_t c) {
   if (c < 0x80) {
@@ -93,8 +81,22 @@ void AppendUtf8(std::string& out, char32_t c) {
 }
 
 void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
+  // Fast path: plain UCS-2 whose characters are all ASCII (most stored text).
+  const bool compressed = IsCompressedText(stored);
+  if (!compressed) {
+    std::size_t count = stored.size() / 2;
+    const std::uint8_t* p = stored.data();
+    std::size_t i = 0;
+    while (i < count && p[2 * i + 1] == 0 && p[2 * i] < 0x80) ++i;
+    std::size_t base = out.size();
+    out.resize(base + i);
+    char* dest = out.data() + base;
+    for (std::size_t k = 0; k < i; ++k) dest[k] = static_cast<char>(p[2 * k]);
+    if (i == count) return;
+    stored = stored.subspan(2 * i);
+  }
   if (encoding == TextEncoding::kUtf8) {
-    ForEachChar(stored, [&](char32_t c) {
+    ForEachChar(stored, compressed, [&](char32_t c) {
       if (c < 0x80) {
         out += static_cast<char>(c);
       } else {
@@ -102,7 +104,7 @@ void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
       }
     });
   } else {
-    ForEachChar(stored, [&](char32_t c) { out += UnicodeToCp1252(c); });
+    ForEachChar(stored, compressed, [&](char32_t c) { out += UnicodeToCp1252(c); });
   }
 }
 

@@ -40,7 +40,7 @@ std::vector<std::uint32_t> ReadUsageMap(const PageSource& pages, std::uint32_t r
   std::uint8_t type = map.U8(0);
   if (type == format::kUsageMapInline) {
     std::uint32_t start = map.U32(1);
-    AddBits(slot.bytes.subspan(5 <= slot.bytes.size() ? 5 : slot.bytes.size()), start,
+    AddBits(slot.bytes.subspan(5), start,
             pages.page_count(), out);
   } else if (type == format::kUsageMapReference) {
     std::uint64_t per_page = static_cast<std::uint64_t>(layout.page_size - format::kUsageMapPageDataOffset) * 8;

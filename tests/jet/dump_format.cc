@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "kvdao/platform/text.h"
+#include "text_codec.h"
 
 namespace kvdao::jet::test {
 namespace {
@@ -110,25 +111,9 @@ void AppendValue(std::string& out, const FieldValue& value) {
 
 // Code page 1252 names as UTF-8 (the dump is UTF-8).
 std::string NameUtf8(const std::string& name) {
-  static const char16_t kHigh[32] = {
-      0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-      0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
   std::string out;
-  for (char ch : name) {
-    auto c = static_cast<unsigned char>(ch);
-    char32_t cp = c < 0x80 || c >= 0xA0 ? c : kHigh[c - 0x80];
-    if (cp < 0x80) {
-      out += static_cast<char>(cp);
-    } else if (cp < 0x800) {
-      out += static_cast<char>(0xC0 | (cp >> 6));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    } else {
-      out += static_cast<char>(0xE0 | (cp >> 12));
-      out += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
-      out += static_cast<char>(0x80 | (cp & 0x3F));
-    }
-  }
+  internal::AppendJet3Text(std::span(reinterpret_cast<const std::uint8_t*>(name.data()), name.size()),
+                           TextEncoding::kUtf8, out);
   return out;
 }
 

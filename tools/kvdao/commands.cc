@@ -4,6 +4,7 @@ namespace kvdao::cli {
 
 int RunSchemaCommand(CommandContext& context);
 int RunMethodCommand(CommandContext& context);
+int RunJetCommand(CommandContext& context);
 
 namespace {
 
@@ -28,6 +29,24 @@ constexpr Command kCommands[] = {
      "             element itself or its children) into RAWFILE; fields an\n"
      "             element leaves out get their defaults\n",
      RunMethodCommand},
+    {"jet", "read Access (Jet) databases: tables, schema, export",
+     "usage: kvdao jet tables FILE [--system]\n"
+     "       kvdao jet schema FILE [TABLE]\n"
+     "       kvdao jet export FILE TABLE [--format csv|jsonl] [--progress|--no-progress]\n"
+     "\n"
+     "Reads Jet 3 (Access 97) and Jet 4 (Access 2000-2003) files.\n"
+     "\n"
+     "  tables   user tables, one per line; --system adds the system tables\n"
+     "  schema   fields (name, DAO type number and name, size, required, allow\n"
+     "           zero length) and indexes of one table or of every user table\n"
+     "  export   every record: CSV with a header line and RFC 4180 quoting (NULL\n"
+     "           is an empty field, an empty text is \"\"), or JSON lines (one\n"
+     "           object per record). Texts are UTF-8, dates YYYY-MM-DDTHH:MM:SS,\n"
+     "           currency and decimal exact, binary and OLE base64, booleans\n"
+     "           true/false, doubles in the shortest form that reads back exactly.\n"
+     "           --progress (the default when standard error is a terminal)\n"
+     "           reports progress on standard error.\n",
+     RunJetCommand},
 };
 
 }  // namespace

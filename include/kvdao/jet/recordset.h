@@ -7,6 +7,7 @@
 // positions), so reading a table never holds the table in memory.
 
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include "kvdao/jet/field.h"
@@ -54,6 +55,9 @@ class Recordset {
 
   // The current record's value without copying (see FieldValue).
   const FieldValue& GetFieldView(int index) const;
+  // Every field of the current record at once, in field order: the fast
+  // path for reading whole tables (valid until the recordset moves).
+  std::span<const FieldValue> GetRecordView() const;
   void SetTextEncoding(TextEncoding encoding);
 
   // Records the cursor will visit in all (the table's record count for a
