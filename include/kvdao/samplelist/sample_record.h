@@ -23,6 +23,7 @@
 #include <memory>
 #include <string>
 
+#include "kvdao/platform/stdio_file.h"
 #include "kvdao/samplelist/kv_variant.h"
 #include "kvdao/samplelist/sample_db_record.h"
 #include "kvdao/samplelist/sample_list_row.h"
@@ -81,6 +82,34 @@ class CSampleRecord {
   void CopyFieldOther(int column, const CKVVariant& value);
   // Writes the field of `column` into the row's cell.
   void CopyToRowVal(CSampleListRow& row, int column) const;
+
+  // --- text form ---
+  // An initialisation-style file with one section per sample, "[Sample<n>]"
+  // (n from 1), and one "key=value" line per field under the key names
+  // above; a group is its count ("Masses=3") and its members ("Mass1=..").
+  // Write followed by Read gives the same record, except that line breaks in
+  // a text, which a line cannot carry, come back as blanks.
+  static const std::string TextSectionPrefix;  // "Sample"
+  // Replace the file with sample n (1 when not given); 0 when it cannot be
+  // written.
+  int Write(const char* path);
+  int Write(const char* path, int n);
+  // Add sample n to the end of the file, creating it if needed.
+  int Add(const char* path);
+  int Add(const char* path, int n);
+  // Write sample n's section to an open file; 0 on a write error.
+  int Write(StdioFile& file);
+  int Write(StdioFile& file, int n);
+  static int WriteField(StdioFile& file, const std::string& key, const std::string& value);
+  static int WriteField(StdioFile& file, const std::string& key, double value, int precision);
+  // Read sample n's section; 0 when the file or the section is missing (the
+  // record is then left as it was).
+  int Read(const char* path);
+  int Read(const char* path, int n);
+  // One value of a section, cut to size - 1 characters; `defaultValue` when
+  // missing.
+  static std::string ReadField(const char* path, const char* section, const char* key,
+                               const char* defaultValue, int size = 1024);
 
   // Copies the flat record out or in. Copying in also refills the
   // attributes' masses and concentrations from the record's slots.
