@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "kvdao/platform/path.h"
 #include "kvdao/samplelist/sample_record.h"
 #include "kvdao/samplelist/schema.h"
 
@@ -251,6 +252,100 @@ void CSampleRecord::CopyToRowVal(CSampleListRow& row, int column) const {
     case Kind::kVersion: cell = m_pAttributes->layoutVersion; break;
     case Kind::kSampleNumber: cell = static_cast<double>(GetSampleNumber()); break;
   }
+}
+
+namespace {
+
+bool ColumnOf(int field, int index, int& column) {
+  column = field + index;
+  return column >= 0 && column < kSampleColumnCount;
+}
+
+}  // namespace
+
+bool CSampleRecord::GetValue(const int& field, double& out, const int& index) const {
+  int column;
+  if (!ColumnOf(field, index, column)) return false;
+  CSampleListRow row;
+  CopyToRowVal(row, column);
+  out = NumberOf(row[column]);
+  return true;
+}
+
+bool CSampleRecord::GetValue(const int& field, bool& out, const int& index) const {
+  int column;
+  if (!ColumnOf(field, index, column)) return false;
+  CSampleListRow row;
+  CopyToRowVal(row, column);
+  const CKVVariant& cell = row[column];
+  out = cell.IsText() ? cell.text() == "TRUE" : NumberOf(cell) != 0.0;
+  return true;
+}
+
+bool CSampleRecord::GetValue(const int& field, int& out, const int& index) const {
+  double number = 0.0;
+  if (!GetValue(field, number, index)) return false;
+  out = static_cast<int>(number);
+  return true;
+}
+
+bool CSampleRecord::GetValue(const int& field, std::string& out, const int& index) const {
+  int column;
+  if (!ColumnOf(field, index, column)) return false;
+  CSampleListRow row;
+  CopyToRowVal(row, column);
+  out = GetString(row[column]);
+  return true;
+}
+
+bool CSampleRecord::SetValue(const int& field, const bool& value, const int& index) {
+  int column;
+  if (!ColumnOf(field, index, column)) return false;
+  if (kSampleColumns[column].type == dbText) {
+    CopyFieldString(column, value ? "TRUE" : "FALSE");
+  } else {
+    CopyFieldOther(column, CKVVariant(value ? 1.0 : 0.0));
+  }
+  return true;
+}
+
+bool CSampleRecord::SetValue(const int& field, const double& value, const int& index) {
+  int column;
+  if (!ColumnOf(field, index, column)) return false;
+  CopyFieldOther(column, CKVVariant(value));
+  return true;
+}
+
+bool CSampleRecord::SetValue(const int& field, const int& value, const int& index) {
+  return SetValue(field, static_cast<double>(value), index);
+}
+
+bool CSampleRecord::SetValue(const int& field, const std::string& value, const int& index) {
+  int column;
+  if (!ColumnOf(field, index, column)) return false;
+  CopyFieldString(column, value);
+  return true;
+}
+
+namespace {
+
+int ProgramFrom(const std::string& process, const std::string& parameters,
+                CExternalProgram& out) {
+  if (process.empty()) return 0;
+  std::string line = platform::CreatePathName(process, "exe");
+  if (!parameters.empty()) line += " " + parameters;
+  out.SetProgram(line.c_str());
+  return 1;
+}
+
+}  // namespace
+
+int CSampleRecord::GetExternalProgram(CExternalProgram& out) const {
+  return ProgramFrom(GetProcess(), GetProcessParameters(), out);
+}
+
+int CSampleRecord::GetAcquProgram(CExternalProgram& out) const {
+  return ProgramFrom(GetAcquProcess(), GetAcquProcessParameters(), out);
 }
 
 }  // namespace kvdao

@@ -80,5 +80,51 @@ TEST(SampleRecordRowTest, GroupCountsFollowWhatWasEntered) {
   EXPECT_EQ(out, CSampleListRow());
 }
 
+TEST(SampleRecordRowTest, TypedAccessByColumnAndMember) {
+  CSampleRecord record;
+  EXPECT_TRUE(record.SetValue(kColumnConcFirst, std::string("12.5"), 3));
+  EXPECT_EQ(record.GetConcentrationText(3), "12.5");
+  double number = 0;
+  EXPECT_TRUE(record.GetValue(kColumnConcFirst, number, 3));
+  EXPECT_EQ(number, 12.5);
+  EXPECT_TRUE(record.SetValue(kColumnWavelengthFirst, 254.5, 1));
+  int whole = 0;
+  EXPECT_TRUE(record.GetValue(kColumnWavelengthFirst, whole, 1));
+  EXPECT_EQ(whole, 254);
+  std::string text;
+  EXPECT_TRUE(record.GetValue(kColumnWavelengthFirst, text, 1));
+  EXPECT_EQ(text, "254.500000");
+  EXPECT_TRUE(record.SetValue(kColumnIndex, 17, 0));
+  EXPECT_EQ(record.GetSampleNumber(), 17);
+
+  bool flag = false;
+  EXPECT_TRUE(record.SetValue(kColumnSpareFirst, true, 0));
+  EXPECT_TRUE(record.GetValue(kColumnSpareFirst, flag, 0));
+  EXPECT_TRUE(flag);
+  EXPECT_EQ(record.GetSpare(0), "TRUE");
+  EXPECT_TRUE(record.GetValue(kColumnWavelengthFirst, flag, 5));
+  EXPECT_FALSE(flag);
+
+  EXPECT_FALSE(record.SetValue(kColumnCompoundFirst, std::string("x"), 42));
+  EXPECT_FALSE(record.GetValue(-1, number, 0));
+  EXPECT_FALSE(record.GetValue(kColumnIndex, text, 1));
+}
+
+TEST(SampleRecordRowTest, ProgramsComeFromTheProcessFields) {
+  CSampleRecord record;
+  CExternalProgram program;
+  EXPECT_EQ(record.GetExternalProgram(program), 0);
+  record.SetProcess("C:\\Korvalis\\Quantify");
+  record.SetProcessParameters("/Batch X");
+  ASSERT_EQ(record.GetExternalProgram(program), 1);
+  EXPECT_EQ(program.GetProgram(), "c:\\korvalis\\quantify.exe");
+  EXPECT_EQ(program.GetArguments(), " /batch x");
+  EXPECT_EQ(program.GetDirectory(), "c:\\korvalis\\");
+  record.SetAcquProcess("D:\\acq.exe");
+  ASSERT_EQ(record.GetAcquProgram(program), 1);
+  EXPECT_EQ(program.GetProgram(), "d:\\acq.exe");
+  EXPECT_EQ(program.GetArguments(), "");
+}
+
 }  // namespace
 }  // namespace kvdao

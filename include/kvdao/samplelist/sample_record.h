@@ -28,6 +28,7 @@
 #include "kvdao/samplelist/sample_db_record.h"
 #include "kvdao/samplelist/sample_list_row.h"
 #include "kvdao/samplelist/sample_record_attributes.h"
+#include "kvdao/support/external_program.h"
 
 namespace kvdao {
 
@@ -82,6 +83,26 @@ class CSampleRecord {
   void CopyFieldOther(int column, const CKVVariant& value);
   // Writes the field of `column` into the row's cell.
   void CopyToRowVal(CSampleListRow& row, int column) const;
+
+  // --- typed access by column ---
+  // `field` is a sample-list column and `index` a member number added to it
+  // (CONC_A with index 3 is CONC_D). Values convert as the row conversion
+  // does; a boolean is true for a non-zero number or the text "TRUE". False
+  // for a column outside the schema.
+  virtual bool GetValue(const int& field, bool& out, const int& index) const;
+  virtual bool GetValue(const int& field, double& out, const int& index) const;
+  virtual bool GetValue(const int& field, int& out, const int& index) const;
+  virtual bool GetValue(const int& field, std::string& out, const int& index) const;
+  virtual bool SetValue(const int& field, const bool& value, const int& index);
+  virtual bool SetValue(const int& field, const double& value, const int& index);
+  virtual bool SetValue(const int& field, const int& value, const int& index);
+  virtual bool SetValue(const int& field, const std::string& value, const int& index);
+
+  // The processing and acquisition programs: the process name as a full
+  // ".exe" path with the process parameters as arguments. 0 when the record
+  // names no such program.
+  int GetExternalProgram(CExternalProgram& out) const;
+  int GetAcquProgram(CExternalProgram& out) const;
 
   // --- text form ---
   // An initialisation-style file with one section per sample, "[Sample<n>]"
