@@ -57,7 +57,11 @@ RecordCursor::RecordCursor(std::shared_ptr<DatabaseFile> file, std::shared_ptr<c
       values_(table_->definition.columns.size()),
       decoded_(table_->definition.columns.size(), 0),
       buffers_(table_->definition.columns.size()) {
-  for (const ColumnDef& column : table_->definition.columns) dao_types_.push_back(DaoType(column.type));
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    values_[i].type = DaoType(table_->definition.columns[i].type);
+    values_[i].null = true;
+  }
+  is_touched_.assign(values_.size(), false);
   if (order) Sort(*order);
   MoveNext();
 }
@@ -131,27 +135,33 @@ const FieldValue& RecordCursor::Value(int field) {
     DecodeValue(file_->pages(), table_->definition.columns[static_cast<std::size_t>(field)],
                 decoder_.cells()[static_cast<std::size_t>(field)], row_, encoding_, value,
                 buffers_[static_cast<std::size_t>(field)]);
+    if (!value.null) Touch(static_cast<std::uint32_t>(field));
   }
   return value;
 }
 
 std::span<const FieldValue> RecordCursor::AllValues() {
   if (all_decoded_ == stamp_) return values_;
+  for (std::uint32_t i : touched_) {
+    if (decoded_[i] != stamp_) values_[i].null = true;
+  }
   const auto& columns = table_->definition.columns;
   const auto& cells = decoder_.cells();
-  for (std::size_t i = 0; i < values_.size(); ++i) {
-    if (decoded_[i] == stamp_) continue;
-    decoded_[i] = stamp_;
-    FieldValue& value = values_[i];
-    if (cells[i].null) {  // most fields of wide tables: no decoding needed
-      value.type = dao_types_[i];
-      value.null = true;
-      continue;
+  for (std::uint32_t i : decoder_.present()) {
+    if (decoded_[i] != stamp_) {
+      decoded_[i] = stamp_;
+      DecodeValue(file_->pages(), columns[i], cells[i], row_, encoding_, values_[i], buffers_[i]);
     }
-    DecodeValue(file_->pages(), columns[i], cells[i], row_, encoding_, value, buffers_[i]);
+    Touch(i);
   }
   all_decoded_ = stamp_;
   return values_;
+}
+
+void RecordCursor::Touch(std::uint32_t field) {
+  if (is_touched_[field]) return;
+  is_touched_[field] = true;
+  touched_.push_back(field);
 }
 
 Variant RecordCursor::VariantValue(int field) {

@@ -46,6 +46,7 @@ class RecordCursor {
  private:
   void Position(Bytes row);
   void Sort(const SortOrder& order);
+  void Touch(std::uint32_t field);
 
   std::shared_ptr<DatabaseFile> file_;
   std::shared_ptr<const OpenTable> table_;
@@ -59,8 +60,11 @@ class RecordCursor {
   std::vector<std::uint32_t> decoded_;
   std::uint32_t stamp_ = 1;
   std::uint32_t all_decoded_ = 0;
+  // Every values_ entry that is not null is listed here, so that AllValues
+  // can null the previous row's values without visiting every field.
+  std::vector<std::uint32_t> touched_;
+  std::vector<bool> is_touched_;
   std::vector<FieldBuffers> buffers_;
-  std::vector<int> dao_types_;
   FieldValue scratch_value_;
   FieldBuffers scratch_buffers_;
   // Sorted cursors: the rows in order, and the next one to visit.

@@ -38,6 +38,15 @@ RowDecoder::RowDecoder(const TableDefinition& table, const format::Layout& layou
     }
     plan_.push_back(plan);
   }
+  for (std::size_t i = 0; i < plan_.size(); ++i) {
+    std::uint32_t number = plan_[i].number;
+    if (number >= index_of_number_.size()) index_of_number_.resize(number + 1, -1);
+    if (plan_[i].kind == ColumnPlan::kBoolean) {
+      booleans_.push_back(static_cast<std::uint32_t>(i));
+    } else if (index_of_number_[number] < 0) {
+      index_of_number_[number] = static_cast<std::int32_t>(i);
+    }
+  }
 }
 
 void RowDecoder::ReadJet3VarOffsets(Bytes row, std::uint32_t null_size) {
@@ -88,40 +97,48 @@ void RowDecoder::Decode(Bytes row) {
     }
   }
 
-  const std::size_t columns = plan_.size();
-  for (std::size_t i = 0; i < columns; ++i) {
-    const ColumnPlan& plan = plan_[i];
-    Cell& cell = cells_[i];
-    const std::uint32_t number = plan.number;
-    const bool present = number < column_count && (null_mask[number >> 3] & (1u << (number & 7))) != 0;
-    if (plan.kind == ColumnPlan::kBoolean) {
+  // Only the cells the last row filled need clearing; then the null mask's
+  // set bits name the cells this row fills.
+  for (std::uint32_t i : present_) cells_[i].null = true;
+  present_.clear();
+  for (std::uint32_t i : booleans_) {
+    const std::uint32_t number = plan_[i].number;
+    cells_[i].null = false;
+    cells_[i].boolean = number < column_count && (null_mask[number >> 3] & (1u << (number & 7))) != 0;
+    present_.push_back(i);
+  }
+  const auto numbers = static_cast<std::uint32_t>(index_of_number_.size());
+  for (std::uint32_t byte = 0; byte < null_size; ++byte) {
+    unsigned bits = null_mask[byte];
+    while (bits != 0) {
+      const std::uint32_t number = byte * 8 + static_cast<std::uint32_t>(__builtin_ctz(bits));
+      bits &= bits - 1;
+      if (number >= column_count || number >= numbers) break;
+      const std::int32_t index = index_of_number_[number];
+      if (index < 0) continue;
+      const ColumnPlan& plan = plan_[static_cast<std::size_t>(index)];
+      Cell& cell = cells_[static_cast<std::size_t>(index)];
+      if (plan.kind == ColumnPlan::kFixed) {
+        if (plan.start > size || plan.length > size - plan.start) ThrowBadRow();
+        cell.offset = plan.start;
+        cell.length = plan.length;
+      } else {
+        if (plan.var_index >= var_count) continue;  // added after this row was written
+        std::uint32_t start, end;
+        if (jet4) {
+          start = LoadU16(jet4_table - 2 * (plan.var_index + 1));
+          end = LoadU16(jet4_table - 2 * (plan.var_index + 2));
+        } else {
+          start = var_offsets_[plan.var_index];
+          end = var_offsets_[plan.var_index + 1];
+        }
+        if (start > end || end > size) ThrowBadRow();
+        cell.offset = start;
+        cell.length = end - start;
+      }
       cell.null = false;
-      cell.boolean = present;
-      continue;
+      present_.push_back(static_cast<std::uint32_t>(index));
     }
-    cell.null = !present;
-    if (!present) continue;
-    if (plan.kind == ColumnPlan::kFixed) {
-      if (plan.start > size || plan.length > size - plan.start) ThrowBadRow();
-      cell.offset = plan.start;
-      cell.length = plan.length;
-      continue;
-    }
-    if (plan.var_index >= var_count) {
-      cell.null = true;
-      continue;
-    }
-    std::uint32_t start, end;
-    if (jet4) {
-      start = LoadU16(jet4_table - 2 * (plan.var_index + 1));
-      end = LoadU16(jet4_table - 2 * (plan.var_index + 2));
-    } else {
-      start = var_offsets_[plan.var_index];
-      end = var_offsets_[plan.var_index + 1];
-    }
-    if (start > end || end > size) ThrowBadRow();
-    cell.offset = start;
-    cell.length = end - start;
   }
 }
 

@@ -31,6 +31,10 @@ class RowDecoder {
   // columns); DaoException when the row's offsets do not fit the row.
   void Decode(Bytes row);
   const std::vector<Cell>& cells() const noexcept { return cells_; }
+  // Positions of the cells of the last row that are not null (Booleans
+  // included, in no particular order): wide tables are mostly null, and
+  // readers of whole rows visit only these.
+  const std::vector<std::uint32_t>& present() const noexcept { return present_; }
 
  private:
   // Where one column lives, worked out once per table.
@@ -48,6 +52,9 @@ class RowDecoder {
   bool has_var_columns_ = false;
   std::vector<ColumnPlan> plan_;
   std::vector<Cell> cells_;
+  std::vector<std::uint32_t> present_;
+  std::vector<std::int32_t> index_of_number_;  // column position by column number, -1 for none
+  std::vector<std::uint32_t> booleans_;         // positions of Boolean columns
   std::vector<std::uint32_t> var_offsets_;  // Jet 3: var column i runs [i, i+1)
 };
 

@@ -81,17 +81,26 @@ void AppendUtf8(std::string& out, char32_t c) {
 }
 
 void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
-  // Fast path: plain UCS-2 whose characters are all ASCII (most stored text).
+  // Fast path: plain UCS-2 whose characters are all ASCII (most stored text),
+  // four characters at a time.
   const bool compressed = IsCompressedText(stored);
   if (!compressed) {
-    std::size_t count = stored.size() / 2;
+    const std::size_t count = stored.size() / 2;
     const std::uint8_t* p = stored.data();
-    std::size_t i = 0;
-    while (i < count && p[2 * i + 1] == 0 && p[2 * i] < 0x80) ++i;
-    std::size_t base = out.size();
-    out.resize(base + i);
+    const std::size_t base = out.size();
+    out.resize(base + count);
     char* dest = out.data() + base;
-    for (std::size_t k = 0; k < i; ++k) dest[k] = static_cast<char>(p[2 * k]);
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) {
+      std::uint64_t units = LoadU64(p + 2 * i);
+      if ((units & 0xFF80FF80FF80FF80ull) != 0) break;
+      dest[i] = static_cast<char>(units);
+      dest[i + 1] = static_cast<char>(units >> 16);
+      dest[i + 2] = static_cast<char>(units >> 32);
+      dest[i + 3] = static_cast<char>(units >> 48);
+    }
+    for (; i < count && p[2 * i + 1] == 0 && p[2 * i] < 0x80; ++i) dest[i] = static_cast<char>(p[2 * i]);
+    out.resize(base + i);
     if (i == count) return;
     stored = stored.subspan(2 * i);
   }

@@ -157,6 +157,32 @@ TEST_F(JetDatabaseTest, OrderedRecordsetsAndNulls) {
   }
 }
 
+TEST_F(JetDatabaseTest, WholeRecordViewsAgreeWithSingleFields) {
+  Database db = Workspace::Shared().OpenDatabase(Fixture("generated/analysis-100.mdb"));
+  Recordset rs = db.OpenTable("ANALYSIS");
+  int rows = 0;
+  for (; !rs.IsEOF(); rs.MoveNext(), ++rows) {
+    // Alternate the order of the two paths so that each sees values the
+    // other decoded on this row and on the row before.
+    if (rows % 2 == 0) rs.GetFieldValue("FILE_TEXT");
+    std::span<const FieldValue> record = rs.GetRecordView();
+    ASSERT_EQ(record.size(), 160u);
+    for (int i = 0; i < 160; ++i) {
+      Variant single = rs.GetFieldValue(i);
+      const FieldValue& view = record[static_cast<std::size_t>(i)];
+      ASSERT_EQ(view.null, single.vt() == VT_NULL) << "row " << rows << " field " << i;
+      EXPECT_EQ(view.type, rs.GetFieldInfo(i).type);
+      if (!view.null && view.type == dbText) {
+        EXPECT_EQ(view.text, single.text());
+      }
+      if (!view.null && view.type == dbDouble) {
+        EXPECT_EQ(view.real, single.dblVal());
+      }
+    }
+  }
+  EXPECT_EQ(rows, 100);
+}
+
 TEST_F(JetDatabaseTest, FailuresCarryDescriptions) {
   Database db = Workspace::Shared().OpenDatabase(Fixture("generated/analysis-100.mdb"));
   auto description = [](auto&& action) {
