@@ -12,29 +12,26 @@
 namespace kvdao::platform {
 
 bool ReplaceFileContents(const std::string& path, std::string_view content) {
-  std::string native = ToNativePath(path);
-  std::string temp = native + ".XXXXXX";
+  return WriteFileThrough(
+      path, [&](StdioFile& file) { return file.Write(content.data(), content.size()); });
+}
+
+bool WriteFileThrough(const std::string& path, const std::function<bool(StdioFile&)>& write) {
+  const std::string target = ToNativePath(path);
+  std::string temp = target + ".XXXXXX";
   int fd = ::mkstemp(temp.data());
   if (fd < 0) return false;
-  // Keep the permissions of the file being replaced, else the usual ones.
+  // Keep the permissions of the file being replaced, else the usual ones
+  // (mkstemp makes the file private).
   struct stat old {};
-  mode_t mode = ::stat(native.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644;
-  ::fchmod(fd, mode);
-  bool ok = true;
-  const char* data = content.data();
-  std::size_t left = content.size();
-  while (ok && left > 0) {
-    ssize_t written = ::write(fd, data, left);
-    if (written < 0 && errno == EINTR) continue;
-    ok = written > 0;
-    if (ok) {
-      data += written;
-      left -= static_cast<std::size_t>(written);
-    }
-  }
-  ok = ok && ::fsync(fd) == 0;
-  ok = (::close(fd) == 0) && ok;
-  ok = ok && ::rename(temp.c_str(), native.c_str()) == 0;
+  ::fchmod(fd, ::stat(target.c_str(), &old) == 0 ? (old.st_mode & 07777) : 0644);
+  ::close(fd);
+  StdioFile file;
+  bool ok = file.Open(temp.c_str(), StdioFile::modeWrite);
+  ok = ok && write(file);
+  ok = ok && file.Sync();
+  ok = file.Close() && ok;
+  ok = ok && ::rename(temp.c_str(), target.c_str()) == 0;
   if (!ok) ::unlink(temp.c_str());
   return ok;
 }

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "kvdao/platform/path.h"
+#include "kvdao/platform/atomic_file.h"
 #include "kvdao/platform/profile.h"
 #include "kvdao/platform/text.h"
 #include "kvdao/samplelist/sample_record.h"
@@ -172,17 +172,9 @@ int CSampleRecord::Write(const char* path) { return Write(path, 1); }
 
 int CSampleRecord::Write(const char* path, int n) {
   if (path == nullptr) return 0;
-  // Written beside the target, flushed, then renamed over it.
-  const std::string target = platform::ToNativePath(path);
-  const std::string temp = target + ".partial";
-  StdioFile file;
-  if (!file.Open(temp.c_str(), StdioFile::modeCreate | StdioFile::modeWrite)) return 0;
-  bool ok = Write(file, n) != 0;
-  ok = file.Sync() && ok;
-  ok = file.Close() && ok;
-  ok = ok && std::rename(temp.c_str(), target.c_str()) == 0;
-  if (!ok) std::remove(temp.c_str());
-  return ok ? 1 : 0;
+  return platform::WriteFileThrough(path, [&](StdioFile& file) { return Write(file, n) != 0; })
+             ? 1
+             : 0;
 }
 
 int CSampleRecord::Add(const char* path) { return Add(path, 1); }
