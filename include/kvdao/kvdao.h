@@ -22,6 +22,7 @@
 
 #include "kvdao/jet/jet.h"
 
+#include "kvdao/samplelist/batch_sample_record.h"
 #include "kvdao/samplelist/kv_variant.h"
 #include "kvdao/samplelist/sample_db_record.h"
 #include "kvdao/samplelist/sample_list.h"
