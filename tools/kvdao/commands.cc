@@ -5,6 +5,7 @@ namespace kvdao::cli {
 int RunSchemaCommand(CommandContext& context);
 int RunMethodCommand(CommandContext& context);
 int RunJetCommand(CommandContext& context);
+int RunSampleCommand(CommandContext& context);
 
 namespace {
 
@@ -17,6 +18,16 @@ constexpr Command kCommands[] = {
      "\n"
      "  --json   one JSON array of {index, name, type, typeName, optional}\n",
      RunSchemaCommand},
+    {"sample", "show a sample record text file or the current-sample file",
+     "usage: kvdao sample show FILE [--sample N]\n"
+     "       kvdao sample show --current\n"
+     "\n"
+     "Prints the filled fields of a sample, one column name and value a line.\n"
+     "A file with a [Batch] section (a current-sample file) shows the batch too.\n"
+     "\n"
+     "  --sample N   which sample of a file of several (default 1)\n"
+     "  --current    the current-sample file, KVCurSmp.txt in KVDAO_HOME\n",
+     RunSampleCommand},
     {"method", "convert quantify method records between raw and XML form",
      "usage: kvdao method to-xml RAWFILE [XMLFILE]\n"
      "       kvdao method from-xml XMLFILE RAWFILE\n"
