@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
+#include <vector>
 
 #include "kvdao/platform/atomic_file.h"
 #include "kvdao/platform/profile.h"
@@ -54,6 +56,46 @@ struct TextField {
 }  // namespace
 
 const std::string CSampleRecord::TextSectionPrefix = "Sample";
+
+namespace {
+
+// The attribute texts and their keys, in the order they are written.
+const std::vector<std::pair<std::string, Attr::TextField>>& AttributeKeys() {
+  static const std::vector<std::pair<std::string, Attr::TextField>> keys = {
+      {CSampleRecord::Process, Attr::Process},
+      {CSampleRecord::ProcessParameters, Attr::ProcessParameters},
+      {CSampleRecord::ProcessOptions, Attr::ProcessOptions},
+      {CSampleRecord::ProcessAction, Attr::ProcessAction},
+      {CSampleRecord::AcquProcess, Attr::AcquProcess},
+      {CSampleRecord::AcquProcessParameters, Attr::AcquProcessParameters},
+      {CSampleRecord::AcquProcessOptions, Attr::AcquProcessOptions},
+      {kAcquParametersKey, Attr::AcquParameters},
+      {kParametersKey, Attr::Parameters},
+      {CSampleRecord::Molfile, Attr::Molfile},
+      {CSampleRecord::FractionFile, Attr::FractionFile},
+      {CSampleRecord::FractionStart, Attr::FractionStart},
+      {CSampleRecord::HPLCFile, Attr::HPLCFile},
+      {CSampleRecord::MSTuneFile, Attr::MSTuneFile},
+      {CSampleRecord::InletPreRun, Attr::InletPreRun},
+      {CSampleRecord::InletPostRun, Attr::InletPostRun},
+      {CSampleRecord::InletSwitch, Attr::InletSwitch},
+      {CSampleRecord::MethDB, Attr::MethDB},
+      {CSampleRecord::CurveDB, Attr::CurveDB},
+      {CSampleRecord::SampleGroup, Attr::SampleGroup},
+      {CSampleRecord::AutoAddition, Attr::AutoAddition},
+      {CSampleRecord::CartridgeLocation1, Attr::CartridgeLocation1},
+      {CSampleRecord::CartridgeLocation2, Attr::CartridgeLocation2},
+      {CSampleRecord::FormatFile, Attr::FormatFile},
+      {CSampleRecord::DumpFile, Attr::DumpFile},
+      {CSampleRecord::PlateDescription, Attr::PlateDescription},
+      {CSampleRecord::MITFile, Attr::MITFile},
+      {CSampleRecord::SubjectSex, Attr::SubjectSex},
+      {CSampleRecord::SubjectSpecies, Attr::SubjectSpecies},
+  };
+  return keys;
+}
+
+}  // namespace
 
 int CSampleRecord::WriteField(StdioFile& file, const std::string& key, const std::string& value) {
   return file.WriteString(key + "=" + LineValue(value) + "\n") ? 1 : 0;
@@ -110,42 +152,8 @@ int CSampleRecord::Write(StdioFile& file, int n) {
   ok = ok && WriteField(file, RetentionTimeOffset, Shortest(GetRetentionTimeOffset()));
   ok = ok && WriteField(file, kVersionKey, Shortest(m_pAttributes->layoutVersion));
 
-  const std::pair<const std::string*, Attr::TextField> attributes[] = {
-      {&Process, Attr::Process},
-      {&ProcessParameters, Attr::ProcessParameters},
-      {&ProcessOptions, Attr::ProcessOptions},
-      {&ProcessAction, Attr::ProcessAction},
-      {&AcquProcess, Attr::AcquProcess},
-      {&AcquProcessParameters, Attr::AcquProcessParameters},
-      {&AcquProcessOptions, Attr::AcquProcessOptions},
-      {nullptr, Attr::AcquParameters},
-      {nullptr, Attr::Parameters},
-      {&Molfile, Attr::Molfile},
-      {&FractionFile, Attr::FractionFile},
-      {&FractionStart, Attr::FractionStart},
-      {&HPLCFile, Attr::HPLCFile},
-      {&MSTuneFile, Attr::MSTuneFile},
-      {&InletPreRun, Attr::InletPreRun},
-      {&InletPostRun, Attr::InletPostRun},
-      {&InletSwitch, Attr::InletSwitch},
-      {&MethDB, Attr::MethDB},
-      {&CurveDB, Attr::CurveDB},
-      {&SampleGroup, Attr::SampleGroup},
-      {&AutoAddition, Attr::AutoAddition},
-      {&CartridgeLocation1, Attr::CartridgeLocation1},
-      {&CartridgeLocation2, Attr::CartridgeLocation2},
-      {&FormatFile, Attr::FormatFile},
-      {&DumpFile, Attr::DumpFile},
-      {&PlateDescription, Attr::PlateDescription},
-      {&MITFile, Attr::MITFile},
-      {&SubjectSex, Attr::SubjectSex},
-      {&SubjectSpecies, Attr::SubjectSpecies},
-  };
-  for (const auto& [key, field] : attributes) {
-    std::string name = key != nullptr ? *key
-                       : field == Attr::AcquParameters ? kAcquParametersKey
-                                                       : kParametersKey;
-    ok = ok && WriteField(file, name, GetAttribute(field));
+  for (const auto& [key, field] : AttributeKeys()) {
+    ok = ok && WriteField(file, key, GetAttribute(field));
   }
 
   auto writeGroup = [&](const std::string& countKey, const std::string& memberKey, int count,
@@ -238,38 +246,7 @@ int CSampleRecord::Read(const char* path, int n) {
   read.SetRetentionTimeOffset(value(RetentionTimeOffset).c_str());
   read.m_pAttributes->layoutVersion = std::atof(value(kVersionKey).c_str());
 
-  const std::pair<std::string, Attr::TextField> attributes[] = {
-      {Process, Attr::Process},
-      {ProcessParameters, Attr::ProcessParameters},
-      {ProcessOptions, Attr::ProcessOptions},
-      {ProcessAction, Attr::ProcessAction},
-      {AcquProcess, Attr::AcquProcess},
-      {AcquProcessParameters, Attr::AcquProcessParameters},
-      {AcquProcessOptions, Attr::AcquProcessOptions},
-      {kAcquParametersKey, Attr::AcquParameters},
-      {kParametersKey, Attr::Parameters},
-      {Molfile, Attr::Molfile},
-      {FractionFile, Attr::FractionFile},
-      {FractionStart, Attr::FractionStart},
-      {HPLCFile, Attr::HPLCFile},
-      {MSTuneFile, Attr::MSTuneFile},
-      {InletPreRun, Attr::InletPreRun},
-      {InletPostRun, Attr::InletPostRun},
-      {InletSwitch, Attr::InletSwitch},
-      {MethDB, Attr::MethDB},
-      {CurveDB, Attr::CurveDB},
-      {SampleGroup, Attr::SampleGroup},
-      {AutoAddition, Attr::AutoAddition},
-      {CartridgeLocation1, Attr::CartridgeLocation1},
-      {CartridgeLocation2, Attr::CartridgeLocation2},
-      {FormatFile, Attr::FormatFile},
-      {DumpFile, Attr::DumpFile},
-      {PlateDescription, Attr::PlateDescription},
-      {MITFile, Attr::MITFile},
-      {SubjectSex, Attr::SubjectSex},
-      {SubjectSpecies, Attr::SubjectSpecies},
-  };
-  for (const auto& [key, field] : attributes) read.SetAttribute(field, value(key).c_str());
+  for (const auto& [key, field] : AttributeKeys()) read.SetAttribute(field, value(key).c_str());
 
   // Counts come from the file; they are bounded by the groups themselves.
   auto readGroup = [&](const std::string& countKey, const std::string& memberKey, int max,
