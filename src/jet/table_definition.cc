@@ -82,12 +82,15 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
     column.length = tdef.U16(pos + layout.column_length_offset);
     pos += layout.column_entry_size;
   }
-  for (ColumnDef& column : table.columns) {
+  // Names follow their entries: a length (one or two bytes) and the text.
+  auto read_name = [&]() {
     std::size_t length = layout.name_length_size == 1 ? tdef.U8(pos) : tdef.U16(pos);
     pos += layout.name_length_size;
-    column.name = DecodeName(tdef.Slice(pos, length), layout);
+    std::string name = DecodeName(tdef.Slice(pos, length), layout);
     pos += length;
-  }
+    return name;
+  };
+  for (ColumnDef& column : table.columns) column.name = read_name();
   std::stable_sort(table.columns.begin(), table.columns.end(),
                    [](const ColumnDef& a, const ColumnDef& b) { return a.number < b.number; });
 
@@ -134,12 +137,7 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
     index.required = index.primary || (flags & format::kIndexRequired) != 0;
     pos += layout.logical_index_entry_size;
   }
-  for (IndexInfo& index : table.indexes) {
-    std::size_t length = layout.name_length_size == 1 ? tdef.U8(pos) : tdef.U16(pos);
-    pos += layout.name_length_size;
-    index.name = DecodeName(tdef.Slice(pos, length), layout);
-    pos += length;
-  }
+  for (IndexInfo& index : table.indexes) index.name = read_name();
   return table;
 }
 

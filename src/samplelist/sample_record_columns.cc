@@ -237,22 +237,28 @@ void CSampleRecord::CopyFieldOther(int column, const CKVVariant& value) {
 
 void CSampleRecord::CopyToRowVal(CSampleListRow& row, int column) const {
   if (column < 0 || column >= kSampleColumnCount) return;
-  const ColumnField& field = Table()[column];
-  CKVVariant& cell = row[column];
-  switch (field.kind) {
-    case Kind::kText: cell = (this->*field.getText)(); break;
-    case Kind::kNumber: cell = (this->*field.getNumber)(); break;
-    case Kind::kAttribute: cell = GetAttribute(static_cast<Attr::TextField>(field.member)); break;
-    case Kind::kMass: cell = GetMassText(field.member); break;
-    case Kind::kConcentration: cell = GetConcentrationText(field.member); break;
-    case Kind::kWavelength: cell = GetWavelength(field.member); break;
-    case Kind::kFractionTrigger: cell = GetFractionTrigger(field.member); break;
-    case Kind::kSpare: cell = GetSpare(field.member); break;
-    case Kind::kCompound: cell = GetCompound(field.member); break;
-    case Kind::kVersion: cell = m_pAttributes->layoutVersion; break;
-    case Kind::kSampleNumber: cell = static_cast<double>(GetSampleNumber()); break;
-  }
+  row[column] = FieldValue(column);
 }
+
+CKVVariant CSampleRecord::FieldValue(int column) const {
+  const ColumnField& field = Table()[column];
+  switch (field.kind) {
+    case Kind::kText: return CKVVariant((this->*field.getText)());
+    case Kind::kNumber: return CKVVariant((this->*field.getNumber)());
+    case Kind::kAttribute:
+      return CKVVariant(GetAttribute(static_cast<Attr::TextField>(field.member)));
+    case Kind::kMass: return CKVVariant(GetMassText(field.member));
+    case Kind::kConcentration: return CKVVariant(GetConcentrationText(field.member));
+    case Kind::kWavelength: return CKVVariant(GetWavelength(field.member));
+    case Kind::kFractionTrigger: return CKVVariant(GetFractionTrigger(field.member));
+    case Kind::kSpare: return CKVVariant(GetSpare(field.member));
+    case Kind::kCompound: return CKVVariant(GetCompound(field.member));
+    case Kind::kVersion: return CKVVariant(m_pAttributes->layoutVersion);
+    case Kind::kSampleNumber: return CKVVariant(static_cast<double>(GetSampleNumber()));
+  }
+  return CKVVariant();
+}
+
 
 namespace {
 
@@ -266,18 +272,14 @@ bool ColumnOf(int field, int index, int& column) {
 bool CSampleRecord::GetValue(const int& field, double& out, const int& index) const {
   int column;
   if (!ColumnOf(field, index, column)) return false;
-  CSampleListRow row;
-  CopyToRowVal(row, column);
-  out = NumberOf(row[column]);
+  out = NumberOf(FieldValue(column));
   return true;
 }
 
 bool CSampleRecord::GetValue(const int& field, bool& out, const int& index) const {
   int column;
   if (!ColumnOf(field, index, column)) return false;
-  CSampleListRow row;
-  CopyToRowVal(row, column);
-  const CKVVariant& cell = row[column];
+  const CKVVariant cell = FieldValue(column);
   out = cell.IsText() ? cell.text() == "TRUE" : NumberOf(cell) != 0.0;
   return true;
 }
@@ -292,9 +294,7 @@ bool CSampleRecord::GetValue(const int& field, int& out, const int& index) const
 bool CSampleRecord::GetValue(const int& field, std::string& out, const int& index) const {
   int column;
   if (!ColumnOf(field, index, column)) return false;
-  CSampleListRow row;
-  CopyToRowVal(row, column);
-  out = GetString(row[column]);
+  out = GetString(FieldValue(column));
   return true;
 }
 

@@ -1,24 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "kvdao/samplelist/sample_record.h"
+#include "samplelist/full_row.h"
 
 namespace kvdao {
 namespace {
 
-// A row with a distinct value in every column: short texts (within every
-// field's width) and doubles that "%lf" writes exactly.
-CSampleListRow FullRow() {
-  CSampleListRow row;
-  for (int column = 0; column < kSampleColumnCount; ++column) {
-    if (kSampleColumns[column].type == dbText) {
-      row[column] = "v" + std::to_string(column);
-    } else {
-      row[column] = 1.0 + column * 0.25;
-    }
-  }
-  row[kColumnIndex] = 42.0;
-  return row;
-}
+using test::FullRow;
 
 TEST(SampleRecordRowTest, EveryColumnSurvivesTheTripThroughARecord) {
   const CSampleListRow original = FullRow();

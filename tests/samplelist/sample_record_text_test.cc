@@ -4,6 +4,7 @@
 
 #include "common/test_env.h"
 #include "kvdao/samplelist/sample_record.h"
+#include "samplelist/full_row.h"
 
 namespace kvdao {
 namespace {
@@ -13,15 +14,7 @@ class SampleRecordTextTest : public test::TempEnvTest {};
 // A record with every kind of field set, including texts that a line
 // could mangle (blanks at the ends, quotes, '=').
 CSampleRecord FullRecord() {
-  CSampleListRow row;
-  for (int column = 0; column < kSampleColumnCount; ++column) {
-    if (kSampleColumns[column].type == dbText) {
-      row[column] = "v" + std::to_string(column);
-    } else {
-      row[column] = 1.0 + column * 0.25;
-    }
-  }
-  row[kColumnIndex] = 12.0;
+  CSampleListRow row = test::FullRow(12.0);
   CSampleRecord record(row);
   record.SetDescription("  padded = \"quoted\"  ");
   record.SetID("\"whole\"");

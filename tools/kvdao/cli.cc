@@ -36,9 +36,10 @@ int RejectExtraArguments(CommandContext& context, std::string_view command,
   return kExitOk;
 }
 
-std::string JsonString(std::string_view text) {
-  std::string out = "\"";
-  for (char ch : text) {
+void AppendJsonUtf8(std::string& out, std::string_view utf8) {
+  static const char* const kHex = "0123456789abcdef";
+  out += '"';
+  for (char ch : utf8) {
     auto c = static_cast<unsigned char>(ch);
     switch (c) {
       case '"': out += "\\\""; break;
@@ -48,20 +49,22 @@ std::string JsonString(std::string_view text) {
       case '\t': out += "\\t"; break;
       default:
         if (c < 0x20) {
-          static const char* const kHex = "0123456789abcdef";
           out += "\\u00";
           out += kHex[c >> 4];
           out += kHex[c & 15];
-        } else if (c < 0x80) {
-          out += static_cast<char>(c);
         } else {
-          std::string utf8;
-          platform::Utf8From1252(std::string_view(&ch, 1), utf8);
-          out += utf8;
+          out += ch;
         }
     }
   }
   out += '"';
+}
+
+std::string JsonString(std::string_view text) {
+  std::string utf8;
+  platform::Utf8From1252(text, utf8);
+  std::string out;
+  AppendJsonUtf8(out, utf8);
   return out;
 }
 

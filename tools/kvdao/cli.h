@@ -49,4 +49,7 @@ int RejectExtraArguments(CommandContext& context, std::string_view command,
 // written as UTF-8 (an undefined byte as the C1 control of its number).
 std::string JsonString(std::string_view text);
 
+// Appends text that is already UTF-8 as a JSON string literal.
+void AppendJsonUtf8(std::string& out, std::string_view utf8);
+
 }  // namespace kvdao::cli

@@ -100,30 +100,6 @@ void AppendCsvText(std::string& out, std::string_view text) {
   out += '"';
 }
 
-void AppendJsonText(std::string& out, std::string_view text) {
-  static const char* const kHex = "0123456789abcdef";
-  out += '"';
-  for (char ch : text) {
-    auto c = static_cast<unsigned char>(ch);
-    switch (c) {
-      case '"': out += "\\\""; break;
-      case '\\': out += "\\\\"; break;
-      case '\n': out += "\\n"; break;
-      case '\r': out += "\\r"; break;
-      case '\t': out += "\\t"; break;
-      default:
-        if (c < 0x20) {
-          out += "\\u00";
-          out += kHex[c >> 4];
-          out += kHex[c & 15];
-        } else {
-          out += ch;  // already UTF-8
-        }
-    }
-  }
-  out += '"';
-}
-
 // A value whose digits are a string in JSON and a bare field in CSV.
 void AppendExact(std::string& out, const std::string& digits, Format format) {
   if (format == Format::kJsonLines) {
@@ -158,7 +134,7 @@ void AppendValue(std::string& out, const jet::FieldValue& value, Format format) 
     }
     case dbText: case dbMemo:
       if (format == Format::kJsonLines) {
-        AppendJsonText(out, value.text);
+        AppendJsonUtf8(out, value.text);
       } else {
         AppendCsvText(out, value.text);
       }
@@ -264,7 +240,7 @@ int RunJetExport(CommandContext& context) {
   } else {
     for (std::string& name : names) {
       std::string quoted;
-      AppendJsonText(quoted, name);
+      AppendJsonUtf8(quoted, name);
       name = quoted + ":";
     }
   }

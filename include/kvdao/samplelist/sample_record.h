@@ -274,6 +274,9 @@ class CSampleRecord {
 #undef KVDAO_ATTRIBUTE_TEXT
 
  protected:
+  // The field of a column (0..159) as a cell value.
+  CKVVariant FieldValue(int column) const;
+
   std::unique_ptr<_tagINTERNAL_SAMPLES_DB_RECORD> m_pRecord;
   std::unique_ptr<CSampleRecordAttributes> m_pAttributes;
 };
