@@ -8,8 +8,10 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
+#include "kvdao/jet/dao_exception.h"
 #include "page_writer.h"
 
 namespace kvdao::jet::internal::test {
@@ -29,9 +31,12 @@ class MemoryPages : public PageWriter {
   std::span<const std::uint8_t> Page(std::uint32_t page) const override { return pages_.at(page); }
 
   std::uint32_t count() const noexcept { return static_cast<std::uint32_t>(pages_.size()); }
-  // A fetcher for ReadIndexEntries.
+  // A fetcher for ReadIndexEntries: a page beyond the end is a damaged file.
   auto Fetcher() const {
-    return [this](std::uint32_t page) { return Page(page); };
+    return [this](std::uint32_t page) -> std::span<const std::uint8_t> {
+      if (page >= pages_.size()) throw DaoException("no page " + std::to_string(page));
+      return pages_[page];
+    };
   }
 
  private:
