@@ -32,6 +32,12 @@
 #include "kvdao/samplelist/sample_record_attributes.h"
 #include "kvdao/samplelist/schema.h"
 
+#include "kvdao/genericbatch/dim1_data.h"
+#include "kvdao/genericbatch/generic_batch.h"
+#include "kvdao/genericbatch/generic_file.h"
+#include "kvdao/genericbatch/generic_plate.h"
+#include "kvdao/genericbatch/generic_sample.h"
+
 #include "kvdao/method/internal_method.h"
 #include "kvdao/method/mass_string_comparitor.h"
 #include "kvdao/method/method_data_fields.h"
