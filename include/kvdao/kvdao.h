@@ -36,6 +36,11 @@
 
 #include "kvdao/samplefile/db3_file.h"
 #include "kvdao/samplefile/db3_record.h"
+#include "kvdao/genericbatch/dim1_data.h"
+#include "kvdao/genericbatch/generic_batch.h"
+#include "kvdao/genericbatch/generic_file.h"
+#include "kvdao/genericbatch/generic_plate.h"
+#include "kvdao/genericbatch/generic_sample.h"
 
 #include "kvdao/method/internal_method.h"
 #include "kvdao/method/mass_string_comparitor.h"
