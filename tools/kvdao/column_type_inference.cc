@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "kvdao/jet/field.h"
 #include "kvdao/platform/code_page.h"
 #include "kvdao/platform/dao_types.h"
 
@@ -130,23 +131,8 @@ int CharacterCount(std::string_view utf8) {
   return count;
 }
 
-const char* TypeName(int dao_type) {
-  switch (dao_type) {
-    case dbBoolean: return "Boolean";
-    case dbByte: return "Byte";
-    case dbInteger: return "Integer";
-    case dbLong: return "Long";
-    case dbCurrency: return "Currency";
-    case dbSingle: return "Single";
-    case dbDouble: return "Double";
-    case dbDate: return "Date";
-    case dbMemo: return "Memo";
-    default: return "Text";
-  }
-}
-
 [[noreturn]] void ThrowNotA(std::string_view text, int dao_type) {
-  throw ColumnTypeError("'" + std::string(text) + "' is not a " + TypeName(dao_type) + " value");
+  throw ColumnTypeError("'" + std::string(text) + "' is not a " + jet::DaoTypeName(dao_type) + " value");
 }
 
 std::int64_t WholeNumberIn(std::string_view text, int dao_type, std::int64_t low, std::int64_t high) {
@@ -159,7 +145,7 @@ std::int64_t WholeNumberIn(std::string_view text, int dao_type, std::int64_t low
 
 std::optional<int> DaoTypeFromName(std::string_view name) {
   for (int type : {dbText, dbMemo, dbDouble, dbSingle, dbLong, dbInteger, dbByte, dbBoolean, dbCurrency, dbDate}) {
-    if (EqualsIgnoringCase(name, TypeName(type))) return type;
+    if (EqualsIgnoringCase(name, jet::DaoTypeName(type))) return type;
   }
   return std::nullopt;
 }
