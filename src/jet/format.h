@@ -79,6 +79,8 @@ inline constexpr std::uint8_t kColumnCompressedUnicode = 0x01;
 inline constexpr std::uint8_t kIndexUnique = 0x01;
 inline constexpr std::uint8_t kIndexIgnoreNulls = 0x02;
 inline constexpr std::uint8_t kIndexRequired = 0x08;
+// Jet 4 keeps four more bytes between an index's first page and its flags.
+inline constexpr int kJet4IndexFlagsSkip = 4;
 // Logical index types.
 inline constexpr std::uint8_t kIndexTypePrimary = 0x01;
 inline constexpr std::uint8_t kIndexTypeForeign = 0x02;

@@ -116,6 +116,7 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
       index.fields.push_back({column_name(number), tdef.U8(at + 2) != 0x01});
     }
     at += 8;  // index usage map and first page
+    if (layout.version == format::Version::kJet4) at += format::kJet4IndexFlagsSkip;
     index.flags = tdef.U8(at);
     pos += layout.real_index_entry_size;
   }
