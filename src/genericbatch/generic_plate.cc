@@ -102,11 +102,11 @@ int GenericPlate::Read(const std::string& file, int plate, const std::string& se
   int count = 0;
   ReadGenericInteger(count, file, section,
                      m_sectionPrefix == CompoundPrefix ? NumberOfCompoundsEntry : NumberOfWellsEntry);
-  if (count < 0) return 0;
-  // Every sample needs a section of its own, so a count beyond the file's
-  // sections fails at the first sample past them: allocate no more.
-  int bound = CountGenericSections(file) + 1;
-  m_samples.SetSize(std::min(count, bound));
+  // Every sample needs a section of its own: a count beyond the file's
+  // sections would fail at the first sample past them, so it fails here,
+  // before anything is allocated for it.
+  if (count < 0 || count > CountGenericSections(file)) return 0;
+  m_samples.SetSize(count);
   for (int i = 0; i < m_samples.GetSize(); ++i) {
     m_samples[i].SetSectionPrefix(m_sectionPrefix);
     if (m_samples[i].Read(file, plate, i + 1, sep) == 0) return 0;
