@@ -1,5 +1,6 @@
 #include "kvdao/genericbatch/generic_batch.h"
 
+#include "checked_list.h"
 #include "kvdao/genericbatch/generic_file.h"
 #include "kvdao/platform/atomic_file.h"
 
@@ -58,26 +59,14 @@ const std::string GenericBatch::ZQFileCreationPathID = "ZQFileCreationPath";
 const std::string GenericBatch::ZQFileSubmissionID = "ZQFileSubmission";
 const std::string GenericBatch::NumberOfPlatesEntry = "NumberOfPlates";
 
-namespace {
-bool InRange(int index, int count) { return index >= 0 && index < count; }
-}  // namespace
-
-int GenericBatch::RemovePlate(int index) {
-  if (!InRange(index, m_plates.GetSize())) return 0;
-  m_plates.RemoveAt(index);
-  return 1;
-}
+int GenericBatch::RemovePlate(int index) { return checked::Remove(m_plates, index); }
 
 int GenericBatch::SetPlate(int index, const GenericPlate& plate) {
-  if (!InRange(index, m_plates.GetSize())) return 0;
-  m_plates[index] = plate;
-  return 1;
+  return checked::Set(m_plates, index, plate);
 }
 
 int GenericBatch::GetPlate(int index, GenericPlate& plate) const {
-  if (!InRange(index, m_plates.GetSize())) return 0;
-  plate = m_plates[index];
-  return 1;
+  return checked::Get(m_plates, index, plate);
 }
 
 int GenericBatch::Read(const std::string& file, const std::string& sep) {

@@ -44,6 +44,7 @@ TEST_F(ProfileTest, LookupsIgnoreCaseTrimBlanksAndTakeTheFirstMatch) {
             (std::vector<std::string>{"Sample Count", "Name", "Single", "Half"}));
   EXPECT_EQ(GetPrivateProfileSectionNames(path),
             (std::vector<std::string>{"Plate 1", "\xc9tude"}));
+  EXPECT_EQ(GetPrivateProfileSectionCount(path), 2u);
   EXPECT_TRUE(GetPrivateProfileSectionNames(PathTo("absent.ini")).empty());
 }
 
