@@ -1,7 +1,6 @@
 #include "kvdao/genericbatch/generic_batch.h"
 
-#include <algorithm>
-
+#include "checked_list.h"
 #include "kvdao/genericbatch/generic_file.h"
 #include "kvdao/platform/atomic_file.h"
 
@@ -60,36 +59,25 @@ const std::string GenericBatch::ZQFileCreationPathID = "ZQFileCreationPath";
 const std::string GenericBatch::ZQFileSubmissionID = "ZQFileSubmission";
 const std::string GenericBatch::NumberOfPlatesEntry = "NumberOfPlates";
 
-namespace {
-bool InRange(int index, int count) { return index >= 0 && index < count; }
-}  // namespace
-
-int GenericBatch::RemovePlate(int index) {
-  if (!InRange(index, m_plates.GetSize())) return 0;
-  m_plates.RemoveAt(index);
-  return 1;
-}
+int GenericBatch::RemovePlate(int index) { return checked::Remove(m_plates, index); }
 
 int GenericBatch::SetPlate(int index, const GenericPlate& plate) {
-  if (!InRange(index, m_plates.GetSize())) return 0;
-  m_plates[index] = plate;
-  return 1;
+  return checked::Set(m_plates, index, plate);
 }
 
 int GenericBatch::GetPlate(int index, GenericPlate& plate) const {
-  if (!InRange(index, m_plates.GetSize())) return 0;
-  plate = m_plates[index];
-  return 1;
+  return checked::Get(m_plates, index, plate);
 }
 
 int GenericBatch::Read(const std::string& file, const std::string& sep) {
   const std::string& batch = SectionPrefix;
   int count = 0;
   ReadGenericInteger(count, file, batch, NumberOfPlatesEntry);
-  if (count < 0) return 0;
-  // Every plate needs a section of its own, so a count beyond the file's
-  // sections fails at the first plate past them: allocate no more.
-  m_plates.SetSize(std::min(count, CountGenericSections(file) + 1));
+  // Every plate a writer writes has a section of its own: a count beyond
+  // the file's sections is damage, and believing it could allocate without
+  // bound.
+  if (count < 0 || count > CountGenericSections(file)) return 0;
+  m_plates.SetSize(count);
   for (int p = 0; p < m_plates.GetSize(); ++p) {
     m_plates[p].SetSectionPrefix(m_sectionPrefix);
     if (m_plates[p].Read(file, p + 1, sep) == 0) return 0;

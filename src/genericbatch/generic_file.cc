@@ -53,7 +53,8 @@ int WriteGenericEntry(StdioFile& file, const std::string& key, const char* forma
 }
 
 int CountGenericSections(const std::string& file) {
-  return static_cast<int>(platform::GetPrivateProfileSectionNames(file).size());
+  std::size_t count = platform::GetPrivateProfileSectionCount(file);
+  return count > 2147483647u ? 2147483647 : static_cast<int>(count);
 }
 
 int CountGenericKeys(const std::string& file, const std::string& section) {

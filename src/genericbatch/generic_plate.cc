@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "checked_list.h"
 #include "kvdao/genericbatch/generic_file.h"
 #include "kvdao/platform/atomic_file.h"
 #include "kvdao/platform/profile.h"
@@ -27,12 +28,12 @@ const std::string GenericPlate::CompoundPrefix = "Compound";
 
 namespace {
 
-bool InRange(int index, int count) { return index >= 0 && index < count; }
-
 // The description slot of a track index, or null outside the table.
 std::string* TrackText(GenericPlate::TrackType track) {
   int index = static_cast<int>(track);
-  if (!InRange(index, static_cast<int>(GenericPlate::TrackTypeDesc.size()))) return nullptr;
+  if (!checked::InRange(index, static_cast<int>(GenericPlate::TrackTypeDesc.size()))) {
+    return nullptr;
+  }
   return &GenericPlate::TrackTypeDesc[static_cast<std::size_t>(index)];
 }
 
@@ -42,22 +43,14 @@ bool GenericPlate::operator==(const GenericPlate& other) const {
   return platform::CompareNoCase1252(m_plateID, other.m_plateID) == 0;
 }
 
-int GenericPlate::RemoveSample(int index) {
-  if (!InRange(index, m_samples.GetSize())) return 0;
-  m_samples.RemoveAt(index);
-  return 1;
-}
+int GenericPlate::RemoveSample(int index) { return checked::Remove(m_samples, index); }
 
 int GenericPlate::SetSample(int index, const GenericSample& sample) {
-  if (!InRange(index, m_samples.GetSize())) return 0;
-  m_samples[index] = sample;
-  return 1;
+  return checked::Set(m_samples, index, sample);
 }
 
 int GenericPlate::GetSample(int index, GenericSample& sample) const {
-  if (!InRange(index, m_samples.GetSize())) return 0;
-  sample = m_samples[index];
-  return 1;
+  return checked::Get(m_samples, index, sample);
 }
 
 int GenericPlate::NumberOfCompounds(int& compounds, int& wells, int& total) const {
@@ -102,11 +95,11 @@ int GenericPlate::Read(const std::string& file, int plate, const std::string& se
   int count = 0;
   ReadGenericInteger(count, file, section,
                      m_sectionPrefix == CompoundPrefix ? NumberOfCompoundsEntry : NumberOfWellsEntry);
-  if (count < 0) return 0;
-  // Every sample needs a section of its own, so a count beyond the file's
-  // sections fails at the first sample past them: allocate no more.
-  int bound = CountGenericSections(file) + 1;
-  m_samples.SetSize(std::min(count, bound));
+  // Every sample needs a section of its own: a count beyond the file's
+  // sections would fail at the first sample past them, so it fails here,
+  // before anything is allocated for it.
+  if (count < 0 || count > CountGenericSections(file)) return 0;
+  m_samples.SetSize(count);
   for (int i = 0; i < m_samples.GetSize(); ++i) {
     m_samples[i].SetSectionPrefix(m_sectionPrefix);
     if (m_samples[i].Read(file, plate, i + 1, sep) == 0) return 0;

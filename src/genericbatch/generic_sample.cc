@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "checked_list.h"
 #include "kvdao/platform/text.h"
 
 namespace kvdao {
@@ -70,8 +71,6 @@ const std::string GenericSample::SectionPrefix = "Sample";
 
 namespace {
 
-bool InRange(int index, int count) { return index >= 0 && index < count; }
-
 template <typename T, typename ARG>
 int AppendBelow(Dim1Data<T, ARG>& list, const T& value, int limit) {
   if (list.GetSize() >= limit) return 0;
@@ -79,26 +78,9 @@ int AppendBelow(Dim1Data<T, ARG>& list, const T& value, int limit) {
   return 1;
 }
 
-template <typename T, typename ARG>
-int RemoveChecked(Dim1Data<T, ARG>& list, int index) {
-  if (!InRange(index, list.GetSize())) return 0;
-  list.RemoveAt(index);
-  return 1;
-}
-
-template <typename T, typename ARG>
-int SetChecked(Dim1Data<T, ARG>& list, int index, const T& value) {
-  if (!InRange(index, list.GetSize())) return 0;
-  list[index] = value;
-  return 1;
-}
-
-template <typename T, typename ARG>
-int GetChecked(const Dim1Data<T, ARG>& list, int index, T& value) {
-  if (!InRange(index, list.GetSize())) return 0;
-  value = list[index];
-  return 1;
-}
+using checked::Get;
+using checked::Remove;
+using checked::Set;
 
 template <typename T, typename ARG>
 int Resize(Dim1Data<T, ARG>& list, int count) {
@@ -107,7 +89,7 @@ int Resize(Dim1Data<T, ARG>& list, int count) {
 }
 
 std::string ElementOrEmpty(const StringArray& list, int index) {
-  return InRange(index, list.GetSize()) ? list[index] : std::string();
+  return checked::InRange(index, list.GetSize()) ? list[index] : std::string();
 }
 
 }  // namespace
@@ -159,56 +141,56 @@ int GenericSample::AddMass(const std::string& mass) {
   return text != 0 && number != 0 ? 1 : 0;
 }
 
-int GenericSample::RemoveMass(int index) { return RemoveChecked(m_masses, index); }
-int GenericSample::RemoveFormulaMass(int index) { return RemoveChecked(m_formulaMasses, index); }
-int GenericSample::SetMass(int index, double mass) { return SetChecked(m_masses, index, mass); }
+int GenericSample::RemoveMass(int index) { return Remove(m_masses, index); }
+int GenericSample::RemoveFormulaMass(int index) { return Remove(m_formulaMasses, index); }
+int GenericSample::SetMass(int index, double mass) { return Set(m_masses, index, mass); }
 int GenericSample::SetFormulaMass(int index, const std::string& mass) {
-  return SetChecked(m_formulaMasses, index, mass);
+  return Set(m_formulaMasses, index, mass);
 }
 int GenericSample::GetMass(int index, double& mass) const {
-  return GetChecked(m_masses, index, mass);
+  return Get(m_masses, index, mass);
 }
 
 int GenericSample::AddWavelength(double v) { return AppendBelow(m_wavelengths, v, MaxWaves); }
-int GenericSample::RemoveWavelength(int index) { return RemoveChecked(m_wavelengths, index); }
-int GenericSample::SetWavelength(int index, double v) { return SetChecked(m_wavelengths, index, v); }
+int GenericSample::RemoveWavelength(int index) { return Remove(m_wavelengths, index); }
+int GenericSample::SetWavelength(int index, double v) { return Set(m_wavelengths, index, v); }
 int GenericSample::GetWavelength(int index, double& v) const {
-  return GetChecked(m_wavelengths, index, v);
+  return Get(m_wavelengths, index, v);
 }
 int GenericSample::AddConcentration(double v) {
   return AppendBelow(m_concentrations, v, MaxConcs);
 }
-int GenericSample::RemoveConcentration(int index) { return RemoveChecked(m_concentrations, index); }
+int GenericSample::RemoveConcentration(int index) { return Remove(m_concentrations, index); }
 int GenericSample::SetConcentration(int index, double v) {
-  return SetChecked(m_concentrations, index, v);
+  return Set(m_concentrations, index, v);
 }
 int GenericSample::GetConcentration(int index, double& v) const {
-  return GetChecked(m_concentrations, index, v);
+  return Get(m_concentrations, index, v);
 }
 int GenericSample::AddFactor(double v) { return AppendBelow(m_factors, v, MaxFactors); }
-int GenericSample::RemoveFactor(int index) { return RemoveChecked(m_factors, index); }
-int GenericSample::SetFactor(int index, double v) { return SetChecked(m_factors, index, v); }
-int GenericSample::GetFactor(int index, double& v) const { return GetChecked(m_factors, index, v); }
+int GenericSample::RemoveFactor(int index) { return Remove(m_factors, index); }
+int GenericSample::SetFactor(int index, double v) { return Set(m_factors, index, v); }
+int GenericSample::GetFactor(int index, double& v) const { return Get(m_factors, index, v); }
 
 int GenericSample::AddFormula(const std::string& f) { return AppendBelow(m_formulae, f, MaxFormulae); }
-int GenericSample::RemoveFormula(int index) { return RemoveChecked(m_formulae, index); }
+int GenericSample::RemoveFormula(int index) { return Remove(m_formulae, index); }
 int GenericSample::SetFormula(int index, const std::string& f) {
-  return SetChecked(m_formulae, index, f);
+  return Set(m_formulae, index, f);
 }
 int GenericSample::GetFormula(int index, std::string& f) const {
-  return GetChecked(m_formulae, index, f);
+  return Get(m_formulae, index, f);
 }
 
 int GenericSample::AddUserField(const std::string& field) {
   m_userFields.Add(field);
   return 1;
 }
-int GenericSample::RemoveUserField(int index) { return RemoveChecked(m_userFields, index); }
+int GenericSample::RemoveUserField(int index) { return Remove(m_userFields, index); }
 int GenericSample::SetUserField(int index, const std::string& field) {
-  return SetChecked(m_userFields, index, field);
+  return Set(m_userFields, index, field);
 }
 int GenericSample::GetUserField(int index, std::string& field) const {
-  return GetChecked(m_userFields, index, field);
+  return Get(m_userFields, index, field);
 }
 
 int GenericSample::AddFractionTrigger(const std::string& trigger) {

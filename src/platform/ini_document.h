@@ -21,6 +21,7 @@ class IniDocument {
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
   std::vector<std::string> Keys(std::string_view section) const;
   std::vector<std::string> SectionNames() const;
+  std::size_t SectionCount() const noexcept { return sectionOrder_.size(); }
 
   // Editing, as the profile writer needs it. A null key removes the section,
   // a null value the key.

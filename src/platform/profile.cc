@@ -144,6 +144,10 @@ std::vector<std::string> GetPrivateProfileSectionNames(const std::string& path) 
   return ProfileCache::Instance().Get(path)->SectionNames();
 }
 
+std::size_t GetPrivateProfileSectionCount(const std::string& path) {
+  return ProfileCache::Instance().Get(path)->SectionCount();
+}
+
 bool WritePrivateProfileString(const char* section, const char* key, const char* value,
                                const std::string& path) {
   if (section == nullptr) return false;

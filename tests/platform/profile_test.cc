@@ -42,6 +42,10 @@ TEST_F(ProfileTest, LookupsIgnoreCaseTrimBlanksAndTakeTheFirstMatch) {
   EXPECT_EQ(GetPrivateProfileString("Plate 1", "Name", "d", PathTo("absent.ini")), "d");
   EXPECT_EQ(GetPrivateProfileKeys("PLATE 1", path),
             (std::vector<std::string>{"Sample Count", "Name", "Single", "Half"}));
+  EXPECT_EQ(GetPrivateProfileSectionNames(path),
+            (std::vector<std::string>{"Plate 1", "\xc9tude"}));
+  EXPECT_EQ(GetPrivateProfileSectionCount(path), 2u);
+  EXPECT_TRUE(GetPrivateProfileSectionNames(PathTo("absent.ini")).empty());
 }
 
 TEST_F(ProfileTest, BufferSizesCutValuesAsAWindowsBufferWould) {

@@ -6,6 +6,7 @@ int RunSchemaCommand(CommandContext& context);
 int RunMethodCommand(CommandContext& context);
 int RunJetCommand(CommandContext& context);
 int RunSampleCommand(CommandContext& context);
+int RunBatchCommand(CommandContext& context);
 
 namespace {
 
@@ -28,6 +29,21 @@ constexpr Command kCommands[] = {
      "  --sample N   which sample of a file of several (default 1)\n"
      "  --current    the current-sample file, KVCurSmp.txt in KVDAO_HOME\n",
      RunSampleCommand},
+    {"batch", "show generic batch files, submit them to a status database, list it",
+     "usage: kvdao batch show FILE [--rewrite OUTFILE]\n"
+     "       kvdao batch submit FILE LOGIN-PATH [--qc]\n"
+     "       kvdao batch status DATABASE [--batch BATCHID]\n"
+     "\n"
+     "Generic batch files (.xbt) hold a [Batch] section, [Plate:p] sections and\n"
+     "[Sample:p:s] / [Compound:p:s] sections (docs/generic-batch.md).\n"
+     "\n"
+     "  show     the batch, its plates and samples, and how many samples fill\n"
+     "           each field; --rewrite writes the batch again in canonical form\n"
+     "  submit   records one row a sample in ZQStatus.db beside the login area\n"
+     "           (the part of LOGIN-PATH before \"ZQLogin\"); --qc marks the rows\n"
+     "           as quality control\n"
+     "  status   lists the rows of a status database, optionally of one batch\n",
+     RunBatchCommand},
     {"method", "convert quantify method records between raw and XML form",
      "usage: kvdao method to-xml RAWFILE [XMLFILE]\n"
      "       kvdao method from-xml XMLFILE RAWFILE\n"

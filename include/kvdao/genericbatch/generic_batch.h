@@ -11,8 +11,9 @@
 //
 // Promises: results are 1 or 0; nothing throws for bad input and no message
 // is shown. Files are written beside their target and renamed over it, so a
-// failed write leaves the old file. Reading never allocates more plates or
-// samples than the file has sections.
+// failed write leaves the old file. A plate or sample count beyond the
+// number of sections in the file fails the read before anything is
+// allocated for it.
 
 #include <string>
 

@@ -7,9 +7,9 @@
 // section prefix and numbering that place it in the file: compound entries
 // (prefix "Compound") stand first and are numbered apart from the wells.
 //
-// Promises: results are 1 or 0; nothing throws for bad input. Reading never
-// allocates more samples than the file has sections, whatever count the
-// plate section claims.
+// Promises: results are 1 or 0; nothing throws for bad input. A sample
+// count beyond the number of sections in the file fails the read before
+// anything is allocated for it.
 
 #include <string>
 #include <vector>

@@ -50,6 +50,8 @@ std::vector<std::string> GetPrivateProfileKeys(const char* section, const std::s
 // Every section name in file order (first occurrences only); empty when the
 // file is missing.
 std::vector<std::string> GetPrivateProfileSectionNames(const std::string& path);
+// Their number, without copying them.
+std::size_t GetPrivateProfileSectionCount(const std::string& path);
 
 // Sets `key` in `section` to `value`. A null value removes the key; a null
 // key removes the whole section. Returns false when the file could not be
