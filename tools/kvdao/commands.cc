@@ -7,6 +7,7 @@ int RunMethodCommand(CommandContext& context);
 int RunJetCommand(CommandContext& context);
 int RunSampleCommand(CommandContext& context);
 int RunBatchCommand(CommandContext& context);
+int RunMethodFileCommand(CommandContext& context);
 
 namespace {
 
@@ -19,14 +20,15 @@ constexpr Command kCommands[] = {
      "\n"
      "  --json   one JSON array of {index, name, type, typeName, optional}\n",
      RunSchemaCommand},
-    {"sample", "show a sample record text file or the current-sample file",
+    {"sample", "show a sample record text file, a legacy .SDB list or the current-sample file",
      "usage: kvdao sample show FILE [--sample N]\n"
      "       kvdao sample show --current\n"
      "\n"
      "Prints the filled fields of a sample, one column name and value a line.\n"
      "A file with a [Batch] section (a current-sample file) shows the batch too.\n"
+     "A legacy sample list (a FILE ending in .SDB) shows every sample in it.\n"
      "\n"
-     "  --sample N   which sample of a file of several (default 1)\n"
+     "  --sample N   which sample of a file of several (default 1; all of an .SDB)\n"
      "  --current    the current-sample file, KVCurSmp.txt in KVDAO_HOME\n",
      RunSampleCommand},
     {"batch", "show generic batch files, submit them to a status database, list it",
@@ -56,6 +58,21 @@ constexpr Command kCommands[] = {
      "             element itself or its children) into RAWFILE; fields an\n"
      "             element leaves out get their defaults\n",
      RunMethodCommand},
+    {"method-file", "list, dump as XML or build quantify method files",
+     "usage: kvdao method-file list FILE\n"
+     "       kvdao method-file dump FILE [XMLFILE]\n"
+     "       kvdao method-file build XMLFILE FILE\n"
+     "\n"
+     "A method file is a record-database file of method records\n"
+     "(docs/record-store.md).\n"
+     "\n"
+     "  list    one line per record: number, name, quantification trace, RT\n"
+     "  dump    every record as a METHODRECORD element under one METHOD element,\n"
+     "          to XMLFILE or standard output\n"
+     "  build   makes FILE hold the METHODRECORD elements of XMLFILE, in order\n"
+     "          (fields an element leaves out get their defaults); an existing\n"
+     "          method file is replaced in one step, any other file is refused\n",
+     RunMethodFileCommand},
     {"jet", "read Access (Jet) databases: tables, schema, export",
      "usage: kvdao jet tables FILE [--system]\n"
      "       kvdao jet schema FILE [TABLE]\n"

@@ -12,13 +12,11 @@
 #include <vector>
 
 #include "cli.h"
+#include "method_xml_io.h"
 #include "kvdao/method/method_record.h"
 
 namespace kvdao::cli {
 namespace {
-
-constexpr const char* kMethodElement = "METHOD";
-constexpr const char* kRecordElement = "METHODRECORD";
 
 bool ReadWholeFile(const std::string& path, std::string& bytes, std::ostream& err) {
   std::ifstream in(path, std::ios::binary);
@@ -29,31 +27,6 @@ bool ReadWholeFile(const std::string& path, std::string& bytes, std::ostream& er
   bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   if (in.bad()) {
     err << "kvdao method: cannot read '" << path << "'\n";
-    return false;
-  }
-  return true;
-}
-
-// Writes a new file beside the target and renames it over the target, so an
-// existing file is never left half written.
-bool WriteFileSafely(const std::string& path, const std::string& bytes, std::ostream& err) {
-  std::string temporary = path + ".kvdao-new";
-  {
-    std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    out.flush();
-    if (!out) {
-      err << "kvdao method: cannot write '" << temporary << "'\n";
-      std::error_code ignored;
-      std::filesystem::remove(temporary, ignored);
-      return false;
-    }
-  }
-  std::error_code error;
-  std::filesystem::rename(temporary, path, error);
-  if (error) {
-    err << "kvdao method: cannot replace '" << path << "': " << error.message() << "\n";
-    std::filesystem::remove(temporary, error);
     return false;
   }
   return true;
@@ -72,24 +45,16 @@ int ToXml(CommandContext& context) {
     return kExitFailure;
   }
 
-  XmlBuilder builder;
-  builder.AddDeclaration("1.0");
-  builder.Open(kMethodElement);
-  CMethodRecord record;
-  for (std::size_t at = 0; at < raw.size(); at += kMethodRecordSize) {
-    std::memcpy(record.GetData(), raw.data() + at, kMethodRecordSize);
-    if (!record.WriteXML(builder)) {
-      context.err << "kvdao method: cannot build the XML of record " << at / kMethodRecordSize << "\n";
-      return kExitFailure;
-    }
-  }
-  builder.Close();
-  std::string xml = builder.ToString();
+  std::vector<CMethodRecord> records(raw.size() / kMethodRecordSize);
+  for (std::size_t i = 0; i < records.size(); ++i)
+    std::memcpy(records[i].GetData(), raw.data() + i * kMethodRecordSize, kMethodRecordSize);
+  std::string xml;
+  if (!MethodRecordsToXml(records, xml, context.err, "method")) return kExitFailure;
   if (context.args.size() == 1) {
     context.out << xml;
     return kExitOk;
   }
-  return WriteFileSafely(context.args[1], xml, context.err) ? kExitOk : kExitFailure;
+  return WriteFileSafely(context.args[1], xml, context.err, "method") ? kExitOk : kExitFailure;
 }
 
 int FromXml(CommandContext& context) {
@@ -97,34 +62,13 @@ int FromXml(CommandContext& context) {
     context.err << "usage: kvdao method from-xml XMLFILE RAWFILE\n";
     return kExitUsage;
   }
-  pugi::xml_document document;
-  pugi::xml_parse_result loaded = document.load_file(context.args[0].c_str());
-  if (!loaded) {
-    context.err << "kvdao method: '" << context.args[0] << "' is not XML: " << loaded.description()
-                << " at offset " << loaded.offset << "\n";
-    return kExitFailure;
-  }
-  std::vector<pugi::xml_node> elements;
-  pugi::xml_node root = document.document_element();
-  if (std::strcmp(root.name(), kRecordElement) == 0) {
-    elements.push_back(root);
-  } else {
-    for (pugi::xml_node child : root.children(kRecordElement)) elements.push_back(child);
-  }
-  if (elements.empty()) {
-    context.err << "kvdao method: '" << context.args[0] << "' holds no " << kRecordElement << " element\n";
-    return kExitFailure;
-  }
-
+  std::vector<CMethodRecord> records;
+  if (!MethodRecordsFromXml(context.args[0], records, context.err, "method")) return kExitFailure;
   std::string raw;
-  raw.reserve(elements.size() * kMethodRecordSize);
-  for (const pugi::xml_node& element : elements) {
-    // Fields the XML leaves out keep their defaults.
-    CMethodRecord record;
-    record.ReadXML(element);
+  raw.reserve(records.size() * kMethodRecordSize);
+  for (const CMethodRecord& record : records)
     raw.append(reinterpret_cast<const char*>(record.GetData()), kMethodRecordSize);
-  }
-  return WriteFileSafely(context.args[1], raw, context.err) ? kExitOk : kExitFailure;
+  return WriteFileSafely(context.args[1], raw, context.err, "method") ? kExitOk : kExitFailure;
 }
 
 }  // namespace

@@ -6,7 +6,11 @@
 #include <ostream>
 
 #include "cli.h"
+#include "kvdao/platform/access_db.h"
+#include "kvdao/platform/path.h"
 #include "kvdao/platform/profile.h"
+#include "kvdao/platform/record_database.h"
+#include "kvdao/platform/text.h"
 #include "kvdao/samplelist/batch_sample_record.h"
 
 namespace kvdao::cli {
@@ -25,6 +29,36 @@ void PrintRecord(const CSampleRecord& record, std::ostream& out) {
   }
 }
 
+// The samples of a legacy ".SDB" list: all of them, or number `only`.
+int ShowSampleList(const std::string& path, int only, std::ostream& out, std::ostream& err) {
+  platform::tagACCESSDB block{};
+  if (platform::AccessDBOpen(path.c_str(), platform::kDB3KindSample, static_cast<int>(kSampleRecordSize), &block,
+                             0) == 0) {
+    err << "kvdao sample show: '" << path << "' is not a readable sample list\n";
+    return kExitFailure;
+  }
+  int status = kExitOk;
+  for (int number = 1; number <= block.nNumRecords && status == kExitOk; ++number) {
+    if (only > 0 && number != only) continue;
+    _tagINTERNAL_SAMPLES_DB_RECORD flat{};
+    if (platform::AccessDBGetRecord(&block, number, &flat) == 0) {
+      err << "kvdao sample show: sample " << number << " of '" << path << "' is damaged\n";
+      status = kExitFailure;
+      break;
+    }
+    CSampleRecord record;
+    record.SetSample(&flat);
+    out << "sample " << number << "\n";
+    PrintRecord(record, out);
+  }
+  if (only > block.nNumRecords) {
+    err << "kvdao sample show: " << path << " has no sample " << only << "\n";
+    status = kExitFailure;
+  }
+  platform::AccessDBClose(&block, 0);
+  return status;
+}
+
 }  // namespace
 
 int RunSampleCommand(CommandContext& context) {
@@ -34,7 +68,7 @@ int RunSampleCommand(CommandContext& context) {
     return kExitUsage;
   }
   args.erase(args.begin());
-  int sample = 1;
+  int sample = 0;  // 0: the first (every sample of an .SDB list)
   for (std::size_t i = 0; i + 1 < args.size(); ++i) {
     if (args[i] == "--sample") {
       sample = std::atoi(args[i + 1].c_str());
@@ -55,6 +89,9 @@ int RunSampleCommand(CommandContext& context) {
     context.err << "kvdao sample show: give a FILE or --current\n";
     return kExitUsage;
   }
+
+  if (platform::ToLower1252(platform::SplitPath(path).extension) == ".sdb") return ShowSampleList(path, sample, context.out, context.err);
+  if (sample == 0) sample = 1;
 
   bool isBatch =
       !platform::GetPrivateProfileKeys(CBatchSampleRecord::BatchParagraph.c_str(), path).empty();
