@@ -27,7 +27,7 @@ ensure_packages() {
 }
 
 # What building the library and its program needs.
-BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libsqlite3-dev libpugixml-dev libfreexl-dev)
+BUILD_PACKAGES=(g++ cmake ninja-build pkg-config libsqlite3-dev libpugixml-dev libfreexl-dev zlib1g-dev)
 # What the tests add: GoogleTest, clang's libFuzzer and sanitizer runtimes,
 # mdbtools to read back the databases we write.
 TEST_PACKAGES=(libgtest-dev libgmock-dev clang libclang-rt-14-dev mdbtools)

@@ -5,6 +5,7 @@
 
 #include "kvdao/version.h"
 
+#include "kvdao/platform/access_db.h"
 #include "kvdao/platform/archive.h"
 #include "kvdao/platform/atomic_file.h"
 #include "kvdao/platform/code_page.h"
@@ -14,6 +15,7 @@
 #include "kvdao/platform/message.h"
 #include "kvdao/platform/path.h"
 #include "kvdao/platform/profile.h"
+#include "kvdao/platform/record_database.h"
 #include "kvdao/platform/stdio_file.h"
 #include "kvdao/platform/text.h"
 #include "kvdao/platform/variant.h"
@@ -31,6 +33,14 @@
 #include "kvdao/samplelist/sample_record.h"
 #include "kvdao/samplelist/sample_record_attributes.h"
 #include "kvdao/samplelist/schema.h"
+
+#include "kvdao/samplefile/db3_file.h"
+#include "kvdao/samplefile/db3_record.h"
+#include "kvdao/genericbatch/dim1_data.h"
+#include "kvdao/genericbatch/generic_batch.h"
+#include "kvdao/genericbatch/generic_file.h"
+#include "kvdao/genericbatch/generic_plate.h"
+#include "kvdao/genericbatch/generic_sample.h"
 
 #include "kvdao/method/internal_method.h"
 #include "kvdao/method/mass_string_comparitor.h"

@@ -124,7 +124,7 @@ void TableWriter::Update() {
   std::uint32_t pointer = 0;
   std::span<std::uint8_t> place = rows_.Add(size, pointer);
   row_.Encode(place.data());
-  for (auto& index : indexes_) index->Add(row_, pointer);
+  for (auto& index : indexes_) index->Add(pointer);
   ++pointers_.row_count;
   editing_ = false;
 }
@@ -145,10 +145,9 @@ void TableWriter::Finish() {
     WriteUsageMap(file_, pointers_.long_values[i].free_map, lv_room);
   }
   for (std::size_t i = 0; i < indexes_.size(); ++i) {
-    const std::size_t before = file_.PagesTakenBy(tdef_page_).size();
-    pointers_.indexes[i].root_page = indexes_[i]->Build(file_, tdef_page_);
-    const auto& taken = file_.PagesTakenBy(tdef_page_);
-    std::vector<std::uint32_t> index_pages(taken.begin() + static_cast<std::ptrdiff_t>(before), taken.end());
+    std::vector<std::uint32_t> index_pages;
+    pointers_.indexes[i].root_page = indexes_[i]->Build(file_, tdef_page_, index_pages);
+    pointers_.indexes[i].distinct_keys = indexes_[i]->distinct_keys();
     WriteUsageMap(file_, pointers_.indexes[i].usage_map, Sorted(std::move(index_pages)));
   }
   WriteTableDefinition(file_, tdef_page_, EncodeTableDefinition(spec_, pointers_));

@@ -32,7 +32,7 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
 
   for (std::size_t i = 0; i < spec.real_indexes.size(); ++i) {
     out.U32(0);
-    out.U32(pointers.row_count);
+    out.U32(i < pointers.indexes.size() ? pointers.indexes[i].distinct_keys : 0);
     out.U32(0);
   }
   for (const ColumnSpec& column : spec.columns) {

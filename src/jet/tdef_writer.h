@@ -20,6 +20,7 @@ struct TablePointers {
   struct Index {
     std::uint32_t usage_map = 0;
     std::uint32_t root_page = 0;
+    std::uint32_t distinct_keys = 0;
   };
   std::vector<Index> indexes;  // one per physical index
   struct LongValues {

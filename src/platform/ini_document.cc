@@ -67,6 +67,7 @@ std::string IniDocument::Fold(std::string_view text) { return ToLower1252(text);
 
 void IniDocument::Index() {
   sections_.clear();
+  sectionOrder_.clear();
   Section* current = nullptr;
   for (std::size_t i = 0; i < lines_.size(); ++i) {
     if (auto name = SectionName(lines_[i].text)) {
@@ -74,6 +75,7 @@ void IniDocument::Index() {
       auto [it, inserted] = sections_.try_emplace(Fold(*name), Section{i, lines_.size(), {}, {}});
       // A repeated section is not looked into: the first one wins.
       current = inserted ? &it->second : nullptr;
+      if (inserted) sectionOrder_.push_back(i);
       continue;
     }
     std::string_view key, value;
@@ -98,6 +100,13 @@ std::optional<std::string_view> IniDocument::Find(std::string_view section,
 std::vector<std::string> IniDocument::Keys(std::string_view section) const {
   auto s = sections_.find(Fold(Trim(section)));
   return s == sections_.end() ? std::vector<std::string>() : s->second.keyOrder;
+}
+
+std::vector<std::string> IniDocument::SectionNames() const {
+  std::vector<std::string> names;
+  names.reserve(sectionOrder_.size());
+  for (std::size_t line : sectionOrder_) names.emplace_back(*SectionName(lines_[line].text));
+  return names;
 }
 
 void IniDocument::Set(std::string_view section, const char* key, const char* value) {

@@ -20,6 +20,7 @@ class IniDocument {
   // The trimmed (and unquoted) value of a key, if the section and key exist.
   std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
   std::vector<std::string> Keys(std::string_view section) const;
+  std::vector<std::string> SectionNames() const;
 
   // Editing, as the profile writer needs it. A null key removes the section,
   // a null value the key.
@@ -43,6 +44,7 @@ class IniDocument {
 
   std::vector<Line> lines_;
   std::unordered_map<std::string, Section> sections_;
+  std::vector<std::size_t> sectionOrder_;  // header lines of first occurrences
 };
 
 }  // namespace kvdao::platform

@@ -140,6 +140,10 @@ std::vector<std::string> GetPrivateProfileKeys(const char* section, const std::s
   return ProfileCache::Instance().Get(path)->Keys(section);
 }
 
+std::vector<std::string> GetPrivateProfileSectionNames(const std::string& path) {
+  return ProfileCache::Instance().Get(path)->SectionNames();
+}
+
 bool WritePrivateProfileString(const char* section, const char* key, const char* value,
                                const std::string& path) {
   if (section == nullptr) return false;

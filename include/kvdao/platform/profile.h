@@ -47,6 +47,10 @@ int GetPrivateProfileInt(const char* section, const char* key, int defaultValue,
 // the section is missing.
 std::vector<std::string> GetPrivateProfileKeys(const char* section, const std::string& path);
 
+// Every section name in file order (first occurrences only); empty when the
+// file is missing.
+std::vector<std::string> GetPrivateProfileSectionNames(const std::string& path);
+
 // Sets `key` in `section` to `value`. A null value removes the key; a null
 // key removes the whole section. Returns false when the file could not be
 // written (the old file is then untouched).
