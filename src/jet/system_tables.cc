@@ -132,7 +132,7 @@ std::vector<TableSpec> SystemTableSpecs() {
       {"ObjectId", kLong, 0, kSysFixed, 4},
       {"Order", kBinary, 2, kSysVariable, kSysTextLength},
   });
-  queries.real_indexes.push_back({{{0, true}, {1, true}}, kIndexFlagsAlways | kIndexUnique});
+  queries.real_indexes.push_back({{{0, true}, {1, true}, {2, true}}, kIndexFlagsAlways | kIndexUnique});
   AddIndex(queries, "ObjectIdAttribute", 0, 0, kIndexTypePrimary);
   specs.push_back(std::move(queries));
 
