@@ -1,6 +1,8 @@
 #include "kvdao/jet/database.h"
 
 #include "database_file.h"
+#include "database_writer.h"
+#include "record_appender.h"
 #include "kvdao/jet/dao_exception.h"
 #include "kvdao/platform/text.h"
 #include "record_cursor.h"
@@ -9,9 +11,26 @@
 namespace kvdao::jet {
 
 Database::Database() = default;
-Database::~Database() = default;
+Database::~Database() {
+  try {
+    Close();
+  } catch (const DaoException&) {
+    // A destructor cannot report; Close reports to callers that ask.
+  }
+}
 Database::Database(Database&&) noexcept = default;
-Database& Database::operator=(Database&&) noexcept = default;
+Database& Database::operator=(Database&& other) noexcept {
+  if (this != &other) {
+    try {
+      Close();
+    } catch (const DaoException&) {
+      // As in the destructor.
+    }
+    file_ = std::move(other.file_);
+    writer_ = std::move(other.writer_);
+  }
+  return *this;
+}
 
 void Database::Open(const std::string& path, bool /*exclusive*/, bool /*read_only*/, const std::string& connect) {
   if (!connect.empty()) {
@@ -25,9 +44,48 @@ void Database::OpenImage(std::span<const std::uint8_t> image) {
   file_ = std::make_shared<internal::DatabaseFile>(image);
 }
 
-void Database::Close() noexcept { file_.reset(); }
+Database Database::Create(const std::string& path, const std::string& locale, int options) {
+  // Only the General sort order and code page 1252 are written; DAO's
+  // version options other than Jet 4 (dbVersion40 = 64) are refused.
+  if (!locale.empty()) {
+    std::string lower = platform::ToLower1252(locale);
+    bool general = lower.find("langid=0x0409") != std::string::npos || lower.find("langid=") == std::string::npos;
+    bool cp1252 = lower.find("cp=") == std::string::npos || lower.find("cp=1252") != std::string::npos;
+    if (!general || !cp1252) {
+      throw DaoException("Invalid locale argument '" + locale +
+                         "': only the General sort order (LANGID=0x0409) with code page 1252 is supported.");
+    }
+  }
+  if (options != 0 && options != 64) {
+    throw DaoException("Invalid argument: database options " + std::to_string(options) +
+                       " are not supported; only Jet 4 databases (options 0) are created.");
+  }
+  Database database;
+  database.writer_ = internal::DatabaseWriter::Create(path, internal::OleDateNow());
+  return database;
+}
 
-bool Database::IsOpen() const noexcept { return file_ != nullptr; }
+void Database::Close() {
+  file_.reset();
+  if (writer_) {
+    std::shared_ptr<internal::DatabaseWriter> writer = std::move(writer_);
+    writer->Close();
+  }
+}
+
+bool Database::IsOpen() const noexcept { return file_ != nullptr || writer_ != nullptr; }
+
+TableDef Database::CreateTableDef(const std::string& name, long attributes) const {
+  TableDef def;
+  def.name = name;
+  def.attributes = attributes;
+  return def;
+}
+
+void Database::Append(const TableDef& def) {
+  if (!writer_) throw DaoException("Cannot update. Database or object is read-only.");
+  writer_->CreateTable(def);
+}
 
 namespace {
 
@@ -42,20 +100,43 @@ const DatabaseInfo& Database::Info() const { return Require(file_).info(); }
 
 std::vector<std::string> Database::GetTableNames(bool include_system) const {
   std::vector<std::string> names;
+  if (writer_) return writer_->TableNames(include_system);
   for (const internal::CatalogEntry& entry : Require(file_).catalog()) {
     if (entry.IsTable() && (include_system || !entry.IsSystem())) names.push_back(entry.name);
   }
   return names;
 }
 
-TableDef Database::GetTableDef(std::string_view table) const { return Require(file_).Table(table)->def; }
+TableDef Database::GetTableDef(std::string_view table) const {
+  if (writer_) {
+    internal::TableWriter* writer = writer_->FindTable(table);
+    if (writer == nullptr) {
+      throw DaoException("Item not found in this collection: no table '" + std::string(table) + "'.");
+    }
+    return internal::DescribeSpec(writer->spec());
+  }
+  return Require(file_).Table(table)->def;
+}
 
 Recordset Database::OpenTable(std::string_view table) const {
+  if (writer_) {
+    internal::TableWriter* writer = writer_->FindTable(table);
+    if (writer == nullptr || writer->spec().system) {
+      throw DaoException("The Microsoft Jet database engine cannot find the input table or query '" +
+                         std::string(table) + "'. Make sure it exists and that its name is spelled correctly.");
+    }
+    return Recordset(std::make_unique<internal::RecordAppender>(writer_, *writer));
+  }
   auto opened = Require(file_).Table(table);
   return Recordset(std::make_unique<internal::RecordCursor>(file_, std::move(opened), std::nullopt));
 }
 
 Recordset Database::OpenRecordset(std::string_view sql, int /*type*/, int /*options*/) const {
+  if (writer_) {
+    // A table-type recordset names a table rather than a query.
+    std::optional<internal::SelectStatement> statement = internal::ParseSelect(sql);
+    return OpenTable(statement ? std::string_view(statement->table) : sql);
+  }
   internal::DatabaseFile& file = Require(file_);
   std::optional<internal::SelectStatement> statement = internal::ParseSelect(sql);
   if (!statement) {

@@ -2,10 +2,11 @@
 
 // Byte layout of Jet database files (Jet 3: Access 97, Jet 4: Access
 // 2000-2003): page sizes, page types and the offsets of every structure the
-// engine reads. Shared by the reader and, later, the writer, so that format
-// knowledge lives in one place. Offsets are in bytes from the start of the
+// engine reads or writes. Shared by the reader and the Jet 4 writer, so that
+// format knowledge lives in one place. Offsets are in bytes from the start of the
 // page or structure named; all integers are little-endian.
 
+#include <cstddef>
 #include <cstdint>
 
 namespace kvdao::jet::format {
@@ -159,5 +160,81 @@ inline constexpr Layout kJet4{
     25, 0, 5, 7, 11, 12, 15, 16, 21, 23,
     2, 52, 4, 28, 4,
     2, 2};
+
+// ---------------------------------------------------------------------------
+// What the Jet 4 writer puts where the reader does not look. Values marked
+// "as Jet writes" are constants whose meaning is not known; they are copied
+// from files the Jet engine made so that strict readers see familiar bytes.
+
+// Header page.
+inline constexpr int kHeaderPasswordJet4 = 0x42;       // 40 bytes, masked with the creation day
+inline constexpr int kHeaderPasswordSizeJet4 = 40;
+inline constexpr int kHeaderUnknown6AJet4 = 0x6A;       // 2 bytes, as Jet writes
+inline constexpr std::uint16_t kHeaderUnknown6AValue = 0x261C;
+inline constexpr int kHeaderEngineTailOffset = 0x98;   // after the masked region: 0x654, "4.0"
+inline constexpr int kHeaderFillerOffset = 0xE00;      // 01, then 01 00 repeated to the page end
+inline constexpr std::uint16_t kCodePage1252 = 1252;
+inline constexpr std::uint32_t kSortOrderGeneral = 0x0409;
+
+// The engine's format stamp written at offset 12 of table definitions and in
+// every column and logical index entry (as Jet writes).
+inline constexpr std::uint32_t kJet4FormatStamp = 0x0659;
+// The 4 bytes before the column list of a physical index (as Jet writes).
+inline constexpr std::uint32_t kJet4IndexStamp = 0x0783;
+
+// Jet 4 table definition header, beyond the offsets in Layout.
+inline constexpr int kTdefFreeSpaceOffset = 2;   // page size - 8 - bytes used (0 on a full first page)
+inline constexpr int kTdefLengthOffset = 8;      // bytes of the whole definition, first page header included
+inline constexpr int kTdefStampOffset = 12;
+inline constexpr int kTdefAutoNumberOffset = 20;
+inline constexpr int kTdefAutoNumberFlagOffset = 24;  // 0x01
+inline constexpr int kTdefPageHeaderSize = 8;
+// Column entry: the text sort order (General) is written into every column
+// but Numeric, where the same bytes hold precision and scale.
+inline constexpr int kColumnStampOffset = 1;
+inline constexpr int kColumnIndexOffset = 9;       // position in the table (0-based)
+inline constexpr int kColumnSortOrderOffset = 11;  // 2 bytes
+// Physical index entry: flags sit after the first-page pointer and four
+// further bytes (the reader's offsets skip straight to the column list).
+inline constexpr int kRealIndexColumnsOffset = 4;
+inline constexpr int kRealIndexUsageMapOffset = 34;
+inline constexpr int kRealIndexFirstPageOffset = 38;
+inline constexpr int kRealIndexFlagsOffset = 46;
+inline constexpr std::uint8_t kIndexFlagsAlways = 0x80;  // set on every index Jet 4 writes
+inline constexpr std::uint8_t kIndexAscending = 0x01;
+// Logical index entry (after the 4-byte stamp).
+inline constexpr int kLogicalIndexNumberOffset = 4;
+inline constexpr int kLogicalIndexRealOffset = 8;
+inline constexpr int kLogicalIndexRelatedOffset = 13;  // 4 bytes, -1 for no relationship
+inline constexpr int kLogicalIndexCascadeOffset = 21;  // 2 bytes: 04 04 when not a foreign key
+inline constexpr int kLogicalIndexTypeOffset = 23;
+// After the index names: per long-value column, its number and the row
+// pointers of its long-value page maps; 0xFFFF ends the list.
+inline constexpr std::uint16_t kTdefListEnd = 0xFFFF;
+
+// Data pages: the owner field of long-value pages.
+inline constexpr std::uint32_t kLongValueOwner = 0x4C41564C;  // "LVAL"
+inline constexpr int kJet4DataHeaderSize = 14;
+
+// Usage maps: an inline map row is a type byte, the start page and a
+// 64-byte bitmap (512 pages); larger ranges use usage bitmap pages.
+inline constexpr int kUsageMapInlineBitmapSize = 64;
+inline constexpr int kUsageMapRowSize = 1 + 4 + kUsageMapInlineBitmapSize;
+// The file's own map of free pages: page 1, row 0 (bit set = page free).
+inline constexpr std::uint32_t kGlobalUsageMapPage = 1;
+
+// System catalog values.
+inline constexpr std::uint32_t kCatalogTablesId = 0x0F000001;         // the "Tables" container
+inline constexpr std::uint32_t kCatalogDatabasesId = 0x0F000002;
+inline constexpr std::uint32_t kCatalogRelationshipsId = 0x0F000003;
+inline constexpr std::uint32_t kCatalogRootId = 0x0F000000;
+inline constexpr std::uint32_t kCatalogMSysDbId = 0x10000000;
+inline constexpr int kObjectTypeContainer = 3;
+inline constexpr int kObjectTypeDatabase = 2;
+inline constexpr std::uint32_t kObjectFlagsEngine = 0x80000000u;
+
+// Text compression: at most this many characters are stored compressed.
+inline constexpr std::size_t kMaxCompressedTextChars = 1024;
+inline constexpr std::uint8_t kCompressedTextMarker[2] = {0xFF, 0xFE};
 
 }  // namespace kvdao::jet::format

@@ -2,11 +2,13 @@
 
 #include "kvdao/jet/dao_exception.h"
 #include "kvdao/platform/text.h"
+#include "record_appender.h"
 #include "record_cursor.h"
 
 namespace kvdao::jet {
 
 Recordset::Recordset(std::unique_ptr<internal::RecordCursor> cursor) : cursor_(std::move(cursor)) {}
+Recordset::Recordset(std::unique_ptr<internal::RecordAppender> appender) : appender_(std::move(appender)) {}
 Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
@@ -16,19 +18,31 @@ internal::RecordCursor& Recordset::cursor() const {
   return *cursor_;
 }
 
-bool Recordset::IsEOF() const { return cursor().eof(); }
+internal::RecordAppender& Recordset::appender() const {
+  if (!appender_) {
+    if (!cursor_) throw DaoException("Object invalid or no longer set.");
+    throw DaoException("Cannot update. Database or object is read-only.");
+  }
+  return *appender_;
+}
+
+const TableDef& Recordset::def() const { return appender_ ? appender_->def() : cursor().def(); }
+
+bool Recordset::IsEOF() const { return appender_ ? true : cursor().eof(); }
 
 void Recordset::MoveNext() {
   if (cursor().eof()) throw DaoException("No current record.");
   cursor().MoveNext();
 }
 
-void Recordset::MoveLast() { cursor().MoveLast(); }
+void Recordset::MoveLast() {
+  if (!appender_) cursor().MoveLast();
+}
 
-int Recordset::GetFieldCount() const { return static_cast<int>(cursor().def().fields.size()); }
+int Recordset::GetFieldCount() const { return static_cast<int>(def().fields.size()); }
 
 const FieldInfo& Recordset::GetFieldInfo(int index) const {
-  const auto& fields = cursor().def().fields;
+  const auto& fields = def().fields;
   if (index < 0 || static_cast<std::size_t>(index) >= fields.size()) {
     throw DaoException("Item not found in this collection.");
   }
@@ -36,8 +50,8 @@ const FieldInfo& Recordset::GetFieldInfo(int index) const {
 }
 
 int Recordset::FindField(std::string_view name) const noexcept {
-  if (!cursor_) return -1;
-  const auto& fields = cursor_->def().fields;
+  if (!cursor_ && !appender_) return -1;
+  const auto& fields = appender_ ? appender_->def().fields : cursor_->def().fields;
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (platform::CompareNoCase1252(fields[i].name, name) == 0) return static_cast<int>(i);
   }
@@ -69,8 +83,37 @@ std::span<const FieldValue> Recordset::GetRecordView() const {
 
 void Recordset::SetTextEncoding(TextEncoding encoding) { cursor().SetTextEncoding(encoding); }
 
-long Recordset::GetRecordCount() const { return cursor().RecordCount(); }
+long Recordset::GetRecordCount() const {
+  return appender_ ? static_cast<long>(appender_->table().row_count()) : cursor().RecordCount();
+}
 
-void Recordset::Close() { cursor_.reset(); }
+void Recordset::AddNew() { appender().table().AddNew(); }
+
+void Recordset::SetFieldValue(std::string_view name, const Variant& value) {
+  int index = FindField(name);
+  if (index < 0) throw DaoException("Item not found in this collection: " + std::string(name) + ".");
+  SetFieldValue(index, value);
+}
+
+void Recordset::SetFieldValue(int index, const Variant& value) {
+  internal::TableWriter& table = appender().table();
+  if (index < 0 || static_cast<std::size_t>(index) >= table.spec().columns.size()) {
+    throw DaoException("Item not found in this collection.");
+  }
+  table.SetValue(static_cast<std::size_t>(index), value);
+}
+
+void Recordset::Update() { appender().table().Update(); }
+
+void Recordset::CancelUpdate() { appender().table().CancelUpdate(); }
+
+void Recordset::SetCurrentIndex(std::string_view index) { appender().SetCurrentIndex(index); }
+
+const std::string& Recordset::GetCurrentIndex() const { return appender().current_index(); }
+
+void Recordset::Close() {
+  cursor_.reset();
+  appender_.reset();
+}
 
 }  // namespace kvdao::jet

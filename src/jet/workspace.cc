@@ -17,4 +17,8 @@ Database Workspace::OpenDatabase(const std::string& path, bool exclusive, bool r
   return database;
 }
 
+Database Workspace::CreateDatabase(const std::string& path, const std::string& locale, int options) const {
+  return Database::Create(path, locale, options);
+}
+
 }  // namespace kvdao::jet

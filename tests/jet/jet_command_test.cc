@@ -1,4 +1,4 @@
-// kvdao jet tables / schema / export, driven in-process.
+// kvdao jet tables / schema / export / import, driven in-process.
 
 #include <gtest/gtest.h>
 
@@ -145,6 +145,40 @@ TEST_F(JetCommandTest, ErrorsGoToStandardErrorWithNonZeroStatus) {
   Result not_jet = Jet({"tables", jet_ + "README.md"});
   EXPECT_EQ(not_jet.status, kExitFailure);
   EXPECT_NE(not_jet.err.find("not a Jet database"), std::string::npos);
+}
+
+class JetImportTest : public test::TempEnvTest {};
+
+// Import then export gives back the CSV: null and empty text kept apart,
+// types inferred or given, the primary key made, a second import refused.
+TEST_F(JetImportTest, ImportedTableExportsTheSameRecords) {
+  const std::string csv_path = PathTo("in.csv");
+  const std::string db_path = PathTo("out.mdb");
+  test::WriteFile(csv_path,
+                  "\xEF\xBB\xBFId,Name,Price,Flag\n"
+                  "1,caf\xC3\xA9,2.5,1\n"
+                  "2,\"\",3,0\n"
+                  "3,,,\n");
+  Result imported = Jet({"import", db_path, "Items", csv_path, "--types", "Flag:Boolean", "--primary-key", "Id"});
+  ASSERT_EQ(imported.status, 0) << imported.err;
+  Result schema = Jet({"schema", db_path, "Items"});
+  EXPECT_NE(schema.out.find("4 Long"), std::string::npos) << schema.out;
+  EXPECT_NE(schema.out.find("7 Double"), std::string::npos);
+  EXPECT_NE(schema.out.find("1 Boolean"), std::string::npos);
+  EXPECT_NE(schema.out.find("INDEX PrimaryKey (Id) primary unique"), std::string::npos);
+  auto records = ParseCsv(Jet({"export", db_path, "Items", "--format", "csv"}).out);
+  ASSERT_GE(records.size(), 4u);
+  EXPECT_EQ(records[1], (std::vector<std::string>{"1", "caf\xC3\xA9", "2.5", "true"}));
+  EXPECT_EQ(records[2], (std::vector<std::string>{"2", "\x01", "3", "false"}));
+  EXPECT_EQ(records[3], (std::vector<std::string>{"3", "", "", "false"}));
+
+  Result again = Jet({"import", db_path, "Items", csv_path});
+  EXPECT_NE(again.status, 0);
+  EXPECT_NE(again.err.find("exists"), std::string::npos);
+  test::WriteFile(csv_path, "Id\n1\n1\n");
+  Result duplicate = Jet({"import", PathTo("dup.mdb"), "T", csv_path, "--primary-key", "Id"});
+  EXPECT_NE(duplicate.status, 0);
+  EXPECT_NE(duplicate.err.find("duplicate"), std::string::npos) << duplicate.err;
 }
 
 }  // namespace

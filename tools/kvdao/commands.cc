@@ -73,12 +73,13 @@ constexpr Command kCommands[] = {
      "          (fields an element leaves out get their defaults); an existing\n"
      "          method file is replaced in one step, any other file is refused\n",
      RunMethodFileCommand},
-    {"jet", "read Access (Jet) databases: tables, schema, export",
+    {"jet", "read and write Access (Jet) databases: tables, schema, export, import",
      "usage: kvdao jet tables FILE [--system]\n"
      "       kvdao jet schema FILE [TABLE]\n"
      "       kvdao jet export FILE TABLE [--format csv|jsonl] [--progress|--no-progress]\n"
+     "       kvdao jet import FILE TABLE DATA.csv [--types COLUMN:TYPE,...] [--primary-key COLUMN]\n"
      "\n"
-     "Reads Jet 3 (Access 97) and Jet 4 (Access 2000-2003) files.\n"
+     "Reads Jet 3 (Access 97) and Jet 4 (Access 2000-2003) files; writes Jet 4.\n"
      "\n"
      "  tables   user tables, one per line; --system adds the system tables\n"
      "  schema   fields (name, DAO type number and name, size, required, allow\n"
@@ -89,7 +90,13 @@ constexpr Command kCommands[] = {
      "           currency and decimal exact, binary and OLE base64, booleans\n"
      "           true/false, doubles in the shortest form that reads back exactly.\n"
      "           --progress (the default when standard error is a terminal)\n"
-     "           reports progress on standard error.\n",
+     "           reports progress on standard error.\n"
+     "  import   creates FILE (which must not exist) with one table from a CSV\n"
+     "           file with a header line (UTF-8; an unquoted empty field is a\n"
+     "           null, \"\" an empty text). Types are inferred (Long, Double,\n"
+     "           Date/Time, Text) unless given by DAO name: Text, Memo, Double,\n"
+     "           Single, Long, Integer, Byte, Boolean, Currency, Date.\n"
+     "           --primary-key adds the unique index \"PrimaryKey\" on a column.\n",
      RunJetCommand},
 };
 

@@ -1,4 +1,4 @@
-// kvdao jet: dispatches to the jet sub-commands (tables, schema, export).
+// kvdao jet: dispatches to the jet sub-commands (tables, schema, export, import).
 
 #include <ostream>
 
@@ -18,6 +18,7 @@ constexpr JetSubcommand kSubcommands[] = {
     {"tables", RunJetTables},
     {"schema", RunJetSchema},
     {"export", RunJetExport},
+    {"import", RunJetImport},
 };
 
 }  // namespace
@@ -36,6 +37,27 @@ bool OpenJetDatabase(CommandContext& context, const std::string& path, jet::Data
     context.err << "kvdao jet: cannot open " << path << ": " << error.Description() << "\n";
     return false;
   }
+}
+
+bool TakeOption(std::vector<std::string>& args, const std::string& name, std::string& value, bool& missing) {
+  for (auto it = args.begin(); it != args.end(); ++it) {
+    if (*it == name) {
+      if (it + 1 == args.end()) {
+        missing = true;
+        args.erase(it);
+        return false;
+      }
+      value = *(it + 1);
+      args.erase(it, it + 2);
+      return true;
+    }
+    if (it->rfind(name + "=", 0) == 0) {
+      value = it->substr(name.size() + 1);
+      args.erase(it);
+      return true;
+    }
+  }
+  return false;
 }
 
 int RunJetCommand(CommandContext& context) {

@@ -1,6 +1,6 @@
 #pragma once
 
-// kvdao jet: reads Access (Jet) databases. The sub-commands live in files of
+// kvdao jet: reads and writes Access (Jet) databases. The sub-commands live in files of
 // their own; this header is what they share.
 
 #include "cli.h"
@@ -12,6 +12,11 @@ int RunJetCommand(CommandContext& context);
 int RunJetTables(CommandContext& context);
 int RunJetSchema(CommandContext& context);
 int RunJetExport(CommandContext& context);
+int RunJetImport(CommandContext& context);
+
+// Removes "NAME VALUE" or "NAME=VALUE" from args into value; missing is set
+// when NAME comes last without a value.
+bool TakeOption(std::vector<std::string>& args, const std::string& name, std::string& value, bool& missing);
 
 // Opens a database for reading; reports a failure on context.err and
 // returns false.

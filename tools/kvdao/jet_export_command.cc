@@ -147,27 +147,6 @@ void AppendValue(std::string& out, const jet::FieldValue& value, Format format) 
   }
 }
 
-bool TakeOption(std::vector<std::string>& args, const std::string& name, std::string& value, bool& missing) {
-  for (auto it = args.begin(); it != args.end(); ++it) {
-    if (*it == name) {
-      if (it + 1 == args.end()) {
-        missing = true;
-        args.erase(it);
-        return false;
-      }
-      value = *(it + 1);
-      args.erase(it, it + 2);
-      return true;
-    }
-    if (it->rfind(name + "=", 0) == 0) {
-      value = it->substr(name.size() + 1);
-      args.erase(it);
-      return true;
-    }
-  }
-  return false;
-}
-
 class Progress {
  public:
   Progress(std::ostream& err, bool enabled, std::string table, long total)

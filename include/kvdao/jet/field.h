@@ -29,6 +29,9 @@ struct FieldInfo {
   bool allow_zero_length = false;
   int precision = 0;  // Decimal only
   int scale = 0;      // Decimal only
+  // DAO's collating order of the field; -1 (or 0) takes the database's
+  // (General). Only General is written.
+  long collating_order = -1;
 };
 
 // The DAO name of a type number ("Text", "Double", ...); "Unknown" otherwise.

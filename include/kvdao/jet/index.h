@@ -21,6 +21,7 @@ struct IndexInfo {
   bool ignore_nulls = false;
   bool required = false;
   bool foreign = false;
+  bool clustered = false;  // accepted as DAO takes it; Jet 4 ignores it
 };
 
 }  // namespace kvdao::jet

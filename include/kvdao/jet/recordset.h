@@ -8,26 +8,31 @@
 
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "kvdao/jet/field.h"
 #include "kvdao/jet/field_value.h"
+#include "kvdao/jet/tabledef.h"
 #include "kvdao/platform/variant.h"
 
 namespace kvdao::jet {
 
 namespace internal {
 class RecordCursor;
+class RecordAppender;
 }
 
-// DAO recordset types and options (accepted for compatibility; every
-// recordset here is read-only).
+// DAO recordset types and options (accepted for compatibility; recordsets
+// on opened files are read-only, those on databases being written add
+// records).
 enum RecordsetTypeEnum : int { dbOpenTable = 1, dbOpenDynaset = 2, dbOpenSnapshot = 4, dbOpenForwardOnly = 8 };
 enum RecordsetOptionEnum : int { dbReadOnly = 4, dbForwardOnly = 0x100 };
 
 class Recordset {
  public:
   explicit Recordset(std::unique_ptr<internal::RecordCursor> cursor);
+  explicit Recordset(std::unique_ptr<internal::RecordAppender> appender);
   Recordset(Recordset&&) noexcept;
   Recordset& operator=(Recordset&&) noexcept;
   ~Recordset();
@@ -64,11 +69,32 @@ class Recordset {
   // table scan before it is complete).
   long GetRecordCount() const;
 
+  // Adding records (table-type recordsets on a database being written):
+  // AddNew starts a record with every field null, SetFieldValue stages a
+  // value (converted to the field's type; a DaoException when it cannot be,
+  // or is too long), Update stores the record (a DaoException when a
+  // required field is null or a unique index already holds its key; the
+  // record then stays staged). A recordset that cannot add records raises a
+  // DaoException.
+  void AddNew();
+  void SetFieldValue(std::string_view name, const Variant& value);
+  void SetFieldValue(int index, const Variant& value);
+  void Update();
+  void CancelUpdate();
+  // DAO's Index property: the index records are kept in order of. Records
+  // are stored in the order they are added; every index is kept whatever
+  // the current one is. A DaoException when the table has no such index.
+  void SetCurrentIndex(std::string_view index);
+  const std::string& GetCurrentIndex() const;
+
   void Close();
 
  private:
   internal::RecordCursor& cursor() const;
+  internal::RecordAppender& appender() const;
+  const TableDef& def() const;
   std::unique_ptr<internal::RecordCursor> cursor_;
+  std::unique_ptr<internal::RecordAppender> appender_;
 };
 
 }  // namespace kvdao::jet

@@ -25,6 +25,8 @@ class Workspace {
   // (empty for a Jet file).
   Database OpenDatabase(const std::string& path, bool exclusive = false, bool read_only = true,
                         const std::string& connect = std::string()) const;
+  // Creates a new Jet 4 database (see Database::Create).
+  Database CreateDatabase(const std::string& path, const std::string& locale, int options = 0) const;
 
  private:
   std::string name_;

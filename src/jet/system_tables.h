@@ -1,0 +1,31 @@
+#pragma once
+
+// The system tables a Jet 4 engine creates in a new database — MSysObjects
+// (the catalog), MSysACEs (permissions), MSysQueries and MSysRelationships —
+// laid out column by column as the engine lays them out, and the rows the
+// engine puts into the catalog and the permissions table.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "table_spec.h"
+#include "table_writer.h"
+
+namespace kvdao::jet::internal {
+
+// The four system tables in the order of their definition pages (2 to 5).
+std::vector<TableSpec> SystemTableSpecs();
+
+// Catalog rows of a new database (containers, the database object and the
+// four system tables), given the system tables' definition pages.
+void AddInitialCatalogRows(TableWriter& catalog, double created);
+// Permission rows of a new database.
+void AddInitialPermissionRows(TableWriter& permissions);
+
+// The catalog row and permission rows of a new user table.
+void AddTableCatalogRow(TableWriter& catalog, const std::string& name, std::uint32_t tdef_page, double created,
+                        const std::vector<std::uint8_t>& properties);
+void AddTablePermissionRows(TableWriter& permissions, std::uint32_t tdef_page);
+
+}  // namespace kvdao::jet::internal

@@ -1,0 +1,70 @@
+#pragma once
+
+// TableWriter: adds rows to one table of a database being written. A row
+// is staged column by column (AddNew, SetValue), checked against the
+// field rules and the unique and required indexes, and then encoded
+// straight into the table's current data page (Update). Full pages are
+// handed back to the file so memory stays flat. Finish writes the table's
+// usage maps, its index pages and its definition with the final row count.
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "data_page_writer.h"
+#include "index_collector.h"
+#include "kvdao/platform/variant.h"
+#include "page_file.h"
+#include "row_builder.h"
+#include "table_spec.h"
+#include "tdef_writer.h"
+
+namespace kvdao::jet::internal {
+
+class TableWriter {
+ public:
+  // tdef_page: the table's (already taken) definition page; map_rows: where
+  // the table's usage-map rows are added.
+  TableWriter(PageFile& file, DataPageWriter& map_rows, TableSpec spec, std::uint32_t tdef_page);
+  TableWriter(const TableWriter&) = delete;
+  TableWriter& operator=(const TableWriter&) = delete;
+
+  const TableSpec& spec() const noexcept { return spec_; }
+  std::uint32_t tdef_page() const noexcept { return tdef_page_; }
+  std::uint32_t row_count() const noexcept { return pointers_.row_count; }
+  // Position of a column in spec().columns (case-insensitive), or -1.
+  int FindColumn(std::string_view name) const noexcept;
+
+  // Starts a new row with every field null.
+  void AddNew();
+  bool editing() const noexcept { return editing_; }
+  void SetValue(std::size_t column, const Variant& value);
+  // Stores the row; DaoException (and the row stays staged) when a rule
+  // refuses it.
+  void Update();
+  void CancelUpdate() noexcept { editing_ = false; }
+
+  // Writes usage maps, index pages and the definition. The table takes no
+  // more rows afterwards.
+  void Finish();
+
+ private:
+  void CheckFieldRules() const;
+  static void RetirePage(void* file, std::uint32_t page);
+
+  PageFile& file_;
+  TableSpec spec_;
+  std::uint32_t tdef_page_;
+  TablePointers pointers_;
+  DataPageWriter rows_;
+  std::vector<std::unique_ptr<DataPageWriter>> long_values_;  // one per Memo/OLE column
+  std::vector<int> long_value_slot_;                          // per column: index into long_values_, or -1
+  RowBuilder row_;
+  std::vector<std::unique_ptr<IndexCollector>> indexes_;
+  std::vector<std::uint8_t> encoded_;
+  bool editing_ = false;
+  bool finished_ = false;
+};
+
+}  // namespace kvdao::jet::internal
