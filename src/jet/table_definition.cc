@@ -115,7 +115,8 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
       if (number == 0xFFFF) continue;
       index.fields.push_back({column_name(number), tdef.U8(at + 2) != 0x01});
     }
-    at += 8;  // index usage map and first page
+    // Index usage map and first page; Jet 4 has four more bytes before the flags.
+    at += layout.version == format::Version::kJet4 ? 12 : 8;
     index.flags = tdef.U8(at);
     pos += layout.real_index_entry_size;
   }
