@@ -67,6 +67,20 @@ enum ColumnType : std::uint8_t {
   kNumeric = 0x10,
 };
 
+// Bytes a fixed-length value of a column type takes in a row's fixed area;
+// 0 for variable-length types and for Boolean (kept in the null mask).
+constexpr std::uint16_t FixedValueSize(std::uint8_t type) noexcept {
+  switch (type) {
+    case kByte: return 1;
+    case kInteger: return 2;
+    case kLong: case kFloat: return 4;
+    case kMoney: case kDouble: case kDateTime: return 8;
+    case kGuid: return 16;
+    case kNumeric: return 17;
+    default: return 0;
+  }
+}
+
 // Column flags (table-definition column entry).
 inline constexpr std::uint8_t kColumnFixedLength = 0x01;
 inline constexpr std::uint8_t kColumnUpdatable = 0x02;

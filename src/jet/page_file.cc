@@ -44,39 +44,6 @@ std::unique_ptr<PageFile> PageFile::Create(const std::string& target) {
   return std::unique_ptr<PageFile>(new PageFile(native, temp, fd));
 }
 
-std::unique_ptr<PageFile> PageFile::OpenCopy(const std::string& target) {
-  std::string native = platform::ToNativePath(target);
-  int in = ::open(native.c_str(), O_RDONLY | O_CLOEXEC);
-  if (in < 0) ThrowIo("open", native);
-  struct stat info {};
-  if (::fstat(in, &info) != 0 || info.st_size < static_cast<off_t>(3 * kPageSize) ||
-      info.st_size % kPageSize != 0) {
-    ::close(in);
-    throw DaoException("Unrecognized database format: '" + native + "' is not a Jet 4 database.");
-  }
-  std::string temp;
-  int fd = MakeTemporary(native, temp);
-  std::unique_ptr<PageFile> file(new PageFile(native, temp, fd));
-  std::vector<std::uint8_t> buffer(1 << 20);
-  for (;;) {
-    ssize_t got = ::read(in, buffer.data(), buffer.size());
-    if (got < 0) {
-      ::close(in);
-      ThrowIo("read", native);
-    }
-    if (got == 0) break;
-    if (::write(fd, buffer.data(), static_cast<std::size_t>(got)) != got) {
-      ::close(in);
-      ThrowIo("copy", native);
-    }
-  }
-  ::close(in);
-  std::size_t count = static_cast<std::size_t>(info.st_size) / kPageSize;
-  file->pages_.resize(count);
-  file->dirty_.assign(count, false);
-  return file;
-}
-
 PageFile::~PageFile() {
   if (fd_ >= 0) ::close(fd_);
   if (!committed_) ::unlink(temp_.c_str());

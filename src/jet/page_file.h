@@ -28,9 +28,6 @@ class PageFile final : public PageWriter {
   // A new, empty file to be committed at target. DaoException when the
   // temporary file cannot be made.
   static std::unique_ptr<PageFile> Create(const std::string& target);
-  // A copy of the Jet 4 file at target, to be changed and committed back
-  // over it. DaoException when it cannot be read.
-  static std::unique_ptr<PageFile> OpenCopy(const std::string& target);
 
   ~PageFile() override;
   PageFile(const PageFile&) = delete;

@@ -12,16 +12,9 @@ namespace {
 }  // namespace
 
 std::uint32_t FixedSize(const ColumnDef& column) noexcept {
-  switch (column.type) {
-    case format::kBoolean: return 0;
-    case format::kByte: return 1;
-    case format::kInteger: return 2;
-    case format::kLong: case format::kFloat: return 4;
-    case format::kMoney: case format::kDouble: case format::kDateTime: return 8;
-    case format::kGuid: return 16;
-    case format::kNumeric: return 17;
-    default: return column.length;
-  }
+  if (column.type == format::kBoolean) return 0;
+  std::uint32_t size = format::FixedValueSize(column.type);
+  return size != 0 ? size : column.length;
 }
 
 RowDecoder::RowDecoder(const TableDefinition& table, const format::Layout& layout)

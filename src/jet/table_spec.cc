@@ -34,17 +34,7 @@ std::uint8_t JetType(int dao_type) noexcept {
 
 }  // namespace
 
-std::uint16_t FixedTypeSize(std::uint8_t type) noexcept {
-  switch (type) {
-    case format::kByte: return 1;
-    case format::kInteger: return 2;
-    case format::kLong: case format::kFloat: return 4;
-    case format::kMoney: case format::kDouble: case format::kDateTime: return 8;
-    case format::kGuid: return 16;
-    case format::kNumeric: return 17;
-    default: return 0;
-  }
-}
+std::uint16_t FixedTypeSize(std::uint8_t type) noexcept { return format::FixedValueSize(type); }
 
 std::uint16_t TableSpec::VariableCount() const noexcept {
   return static_cast<std::uint16_t>(

@@ -131,6 +131,9 @@ TEST_F(JetWriterTest, NewDatabaseHasTheEngineSystemTablesAndRows) {
     for (std::size_t i = 0; i < mine.indexes.size(); ++i) {
       EXPECT_EQ(mine.indexes[i].name, theirs.indexes[i].name);
       EXPECT_EQ(mine.indexes[i].primary, theirs.indexes[i].primary);
+      EXPECT_EQ(mine.indexes[i].unique, theirs.indexes[i].unique);
+      EXPECT_EQ(mine.indexes[i].ignore_nulls, theirs.indexes[i].ignore_nulls);
+      EXPECT_EQ(mine.indexes[i].required, theirs.indexes[i].required);
       ASSERT_EQ(mine.indexes[i].fields.size(), theirs.indexes[i].fields.size());
       for (std::size_t k = 0; k < mine.indexes[i].fields.size(); ++k) {
         EXPECT_EQ(mine.indexes[i].fields[k].name, theirs.indexes[i].fields[k].name);
