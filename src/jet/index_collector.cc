@@ -4,6 +4,7 @@
 
 #include "bytes.h"
 #include "kvdao/jet/dao_exception.h"
+#include "text_codec.h"
 
 namespace kvdao::jet::internal {
 namespace {
@@ -15,7 +16,12 @@ Variant StagedValue(const ColumnSpec& column, const RowBuilder& row, std::size_t
     return Variant(static_cast<short>(row.IsNull(index) ? VARIANT_FALSE : VARIANT_TRUE), VT_BOOL);
   }
   if (row.IsNull(index)) return Variant();
-  if (column.type == format::kText) return Variant("");  // never encoded, see encodable_
+  if (column.type == format::kText) {
+    // The writer's text is code page 1252, so decoding it back loses nothing.
+    std::string text;
+    AppendJet4Text(row.Bytes(index), TextEncoding::kCp1252, text);
+    return Variant(text);
+  }
   const std::uint8_t* p = row.Bytes(index).data();
   switch (column.type) {
     case format::kByte: return Variant(static_cast<unsigned char>(p[0]));
@@ -44,7 +50,6 @@ IndexCollector::IndexCollector(const TableSpec& spec, std::size_t real_index)
       if (spec.columns[i].number != key.column_number) continue;
       key_columns_.push_back(i);
       key_types_.push_back({spec.columns[i].type, key.ascending});
-      if (spec.columns[i].type == format::kText) encodable_ = false;
     }
   }
   values_.resize(key_columns_.size());
@@ -64,7 +69,6 @@ void IndexCollector::Check(const RowBuilder& row) {
     throw DaoException("Index or primary key cannot contain a Null value: index '" + index_name_ + "' of table '" +
                        spec_.name + "'.");
   }
-  if (!encodable_) return;
   EncodeIndexKey(key_types_, values_, key_);
   if ((index_.flags & format::kIndexUnique) != 0 && !key_null_ &&
       seen_.count(std::string(key_.begin(), key_.end())) != 0) {
@@ -75,7 +79,6 @@ void IndexCollector::Check(const RowBuilder& row) {
 }
 
 void IndexCollector::Add(std::uint32_t row_pointer) {
-  if (!encodable_) return;
   if ((index_.flags & format::kIndexUnique) != 0 && !key_null_) seen_.emplace(key_.begin(), key_.end());
   if ((index_.flags & format::kIndexIgnoreNulls) != 0 && key_null_) return;
   entries_.push_back({key_, row_pointer >> 8, static_cast<std::uint8_t>(row_pointer & 0xFF)});

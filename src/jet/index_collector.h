@@ -43,10 +43,6 @@ class IndexCollector {
   std::vector<Variant> values_;
   std::vector<std::uint8_t> key_;
   bool key_null_ = false;  // every key column null
-  // False for a key over Text columns (the system catalog's name index):
-  // their keys need the General sort order's collation, which the key
-  // encoder does not have, so such an index is written empty.
-  bool encodable_ = true;
   std::vector<IndexEntry> entries_;
   std::unordered_set<std::string> seen_;  // keys of a unique index
   std::uint32_t distinct_keys_ = 0;
