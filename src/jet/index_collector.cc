@@ -29,7 +29,27 @@ Variant StagedValue(const ColumnSpec& column, const RowBuilder& row, std::size_t
   }
 }
 
+// True for a key whose every column is null: each column is its flag byte
+// alone (0x00 ascending, 0xFF descending).
+bool AllNullKey(const std::vector<std::uint8_t>& key, const RealIndexSpec& index) noexcept {
+  if (key.size() != index.keys.size()) return false;
+  for (std::size_t k = 0; k < key.size(); ++k) {
+    if (key[k] != (index.keys[k].ascending ? 0x00 : 0xFF)) return false;
+  }
+  return true;
+}
+
 }  // namespace
+
+bool IndexKeyTypeEncodable(std::uint8_t column_type) noexcept {
+  switch (column_type) {
+    case format::kBoolean: case format::kByte: case format::kInteger: case format::kLong: case format::kMoney:
+    case format::kFloat: case format::kDouble: case format::kDateTime:
+      return true;
+    default:
+      return false;
+  }
+}
 
 IndexCollector::IndexCollector(const TableSpec& spec, std::size_t real_index)
     : spec_(spec), index_(spec.real_indexes[real_index]) {
@@ -44,7 +64,7 @@ IndexCollector::IndexCollector(const TableSpec& spec, std::size_t real_index)
       if (spec.columns[i].number != key.column_number) continue;
       key_columns_.push_back(i);
       key_types_.push_back({spec.columns[i].type, key.ascending});
-      if (spec.columns[i].type == format::kText) encodable_ = false;
+      if (!IndexKeyTypeEncodable(spec.columns[i].type)) encodable_ = false;
     }
   }
   values_.resize(key_columns_.size());
@@ -71,6 +91,14 @@ void IndexCollector::Check(const RowBuilder& row) {
     throw DaoException(
         "The changes you requested to the table were not successful because they would create duplicate values in "
         "the index, primary key, or relationship: index '" + index_name_ + "' of table '" + spec_.name + "'.");
+  }
+}
+
+void IndexCollector::Seed(std::vector<IndexEntry> existing) {
+  entries_ = std::move(existing);
+  if ((index_.flags & format::kIndexUnique) == 0) return;
+  for (const IndexEntry& entry : entries_) {
+    if (!AllNullKey(entry.key, index_)) seen_.emplace(entry.key.begin(), entry.key.end());
   }
 }
 

@@ -18,9 +18,22 @@
 
 namespace kvdao::jet::internal {
 
+// Whether keys of a column type can be encoded. Text keys need the General
+// sort order's collation, which the key encoder does not have yet: an index
+// over a Text column (the system catalog's name index) is written empty in
+// a new table and left as it is in an existing one.
+bool IndexKeyTypeEncodable(std::uint8_t column_type) noexcept;
+
 class IndexCollector {
  public:
   IndexCollector(const TableSpec& spec, std::size_t real_index);
+
+  // False when a key column has a type whose keys cannot be encoded yet;
+  // such an index records nothing and Build writes it empty.
+  bool encodable() const noexcept { return encodable_; }
+  // Starts from the entries an index already holds (in index order), so
+  // new keys are checked against them and Build writes them all.
+  void Seed(std::vector<IndexEntry> existing);
 
   // Encodes the row's key; DaoException when it is null in a required index
   // or already present in a unique one. Nothing is recorded.
@@ -43,9 +56,6 @@ class IndexCollector {
   std::vector<Variant> values_;
   std::vector<std::uint8_t> key_;
   bool key_null_ = false;  // every key column null
-  // False for a key over Text columns (the system catalog's name index):
-  // their keys need the General sort order's collation, which the key
-  // encoder does not have, so such an index is written empty.
   bool encodable_ = true;
   std::vector<IndexEntry> entries_;
   std::unordered_set<std::string> seen_;  // keys of a unique index
