@@ -40,7 +40,8 @@ TableGrants ReadTableGrants(const std::shared_ptr<DatabaseFile>& file) {
   TableGrants grants = NewDatabaseTableGrants();
   SystemRows objects(file, "MSysObjects");
   while (objects.Next()) {
-    std::string_view name = objects.Get("Name").text();
+    const Variant name_value = objects.Get("Name");
+    const std::string_view name = name_value.text();
     const int type = objects.Get("Type").iVal();
     const Variant owner = objects.Get("Owner");
     if (name == "MSysDb" && owner.bytes() != nullptr && !owner.bytes()->empty()) grants.owner = *owner.bytes();
