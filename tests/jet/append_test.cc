@@ -9,10 +9,13 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "common/test_env.h"
+#include "byte_writer.h"
 #include "database_file.h"
+#include "header.h"
 #include "index_reader.h"
 #include "jet/writer_test_util.h"
 #include "kvdao/jet/jet.h"
@@ -290,6 +293,26 @@ TEST_F(JetAppendTest, RefusedAndFailedWritesLeaveTheFileAsItWas) {
         rs.Update();  // a duplicate key: throws
       },
       DaoException);
+
+  // Header values the writer cannot keep: a password, another code page.
+  const std::string engine = CopyOf("jackcess-adox_jet4.mdb");
+  for (const auto& [offset, value, why] :
+       {std::tuple{format::kHeaderPasswordJet4, 0x61u, "password"}, std::tuple{format::kHeaderCodePage, 1250u, "code page"}}) {
+    std::vector<std::uint8_t> bytes = FileBytes(CopyOf("jackcess-adox_jet4.mdb"));
+    std::uint8_t key[4];
+    internal::StoreU32(key, format::kHeaderMaskKey);
+    std::span<std::uint8_t> masked(bytes.data() + format::kHeaderMaskedOffset, format::kHeaderMaskedSizeJet4);
+    internal::Rc4Apply(key, masked);
+    bytes[static_cast<std::size_t>(offset)] ^= static_cast<std::uint8_t>(value);
+    bytes[static_cast<std::size_t>(offset) + 1] ^= static_cast<std::uint8_t>(value >> 8);
+    internal::Rc4Apply(key, masked);
+    test::WriteFile(engine, std::string(bytes.begin(), bytes.end()));
+    EXPECT_NE(description([&] { db.Open(engine, false, false); }).find(why), std::string::npos);
+    db.Open(engine);
+    EXPECT_EQ(db.GetTableNames().size(), 0u);
+    db.Close();
+    EXPECT_EQ(FileBytes(engine), bytes);
+  }
 
   EXPECT_EQ(FileBytes(jet3), jet3_bytes);
   EXPECT_EQ(FileBytes(jet4), jet4_bytes);
