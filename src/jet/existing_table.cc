@@ -94,25 +94,22 @@ std::unique_ptr<ExistingTable> LoadExistingTable(DatabaseFile& file, const Catal
   for (std::size_t i = 0; i < definition.real_indexes.size(); ++i) {
     const RealIndexDef& stored = definition.real_indexes[i];
     pointers.indexes.push_back({stored.usage_map, stored.first_page, stored.distinct_keys});
-    ExistingTable::Index index;
-    index.rebuild = std::all_of(stored.keys.begin(), stored.keys.end(), [&](const RealIndexDef::Key& key) {
+    const bool encodable = std::all_of(stored.keys.begin(), stored.keys.end(), [&](const RealIndexDef::Key& key) {
       return std::any_of(spec.columns.begin(), spec.columns.end(), [&](const ColumnSpec& column) {
         return column.number == key.column_number && IndexKeyTypeEncodable(column.type);
       });
     });
-    if (!index.rebuild && !spec.system) {
+    if (!encodable) {
       std::string name;
       for (const LogicalIndexSpec& logical : spec.indexes) {
         if (logical.real == i) name = logical.name;
       }
       throw DaoException("Table '" + entry.name + "' cannot be appended to: its index '" + name +
-                         "' has keys of a type this engine cannot write yet (Text keys need the General sort "
-                         "order's collation).");
+                         "' has keys of a type this engine cannot write (GUID, Binary, Memo or OLE).");
     }
-    if (index.rebuild) {
-      index.entries = ReadIndexEntries(fetch, stored.first_page, &index.tree_pages);
-      index.map_pages = MapPages(pages, stored.usage_map);
-    }
+    ExistingTable::Index index;
+    index.entries = ReadIndexEntries(fetch, stored.first_page, &index.tree_pages);
+    index.map_pages = MapPages(pages, stored.usage_map);
     table->indexes.push_back(std::move(index));
   }
 

@@ -32,8 +32,7 @@ struct ExistingTable {
   };
   std::vector<LongValueMaps> long_values;  // per long-value column, in spec order
   struct Index {
-    bool rebuild = false;  // keys encodable: the tree is read here and rebuilt at Close
-    std::vector<IndexEntry> entries;
+    std::vector<IndexEntry> entries;  // the whole tree, rebuilt with the new ones at Close
     std::vector<std::uint32_t> tree_pages;  // pages of the tree as it is now
     std::vector<std::uint32_t> map_pages;   // what its usage map lists
   };
@@ -43,9 +42,8 @@ struct ExistingTable {
 
 // Loads the named table of file for appending. DaoException when the table
 // cannot be appended to safely: a layout this writer does not produce
-// (deleted columns leaving gaps in the variable-column table), or, for a
-// user table, an index whose keys cannot be encoded yet (it would miss the
-// new rows). System tables keep such an index as it is.
+// (deleted columns leaving gaps in the variable-column table), or an index
+// whose keys cannot be encoded (it would miss the new rows).
 std::unique_ptr<ExistingTable> LoadExistingTable(DatabaseFile& file, const CatalogEntry& entry);
 
 }  // namespace kvdao::jet::internal

@@ -208,12 +208,22 @@ std::uint32_t CountDistinctKeys(std::span<const IndexEntry> sorted) noexcept {
 
 std::uint32_t BuildIndexTree(PageWriter& pages, std::uint32_t tdef_page, std::span<const IndexEntry> sorted,
                              std::vector<std::uint32_t>* written_pages) {
+  return BuildIndexTree(
+      pages, tdef_page, sorted.size(),
+      [&](std::size_t i) { return IndexEntryView{sorted[i].key, sorted[i].data_page, sorted[i].data_row}; },
+      written_pages);
+}
+
+std::uint32_t BuildIndexTree(PageWriter& pages, std::uint32_t tdef_page, std::size_t count,
+                             const std::function<IndexEntryView(std::size_t)>& entry,
+                             std::vector<std::uint32_t>* written_pages) {
   LevelEntries level;
   std::vector<std::uint8_t> pointers;
-  for (const IndexEntry& entry : sorted) {
+  for (std::size_t i = 0; i < count; ++i) {
+    IndexEntryView view = entry(i);
     pointers.clear();
-    index_page::AppendPointers(entry.data_page, entry.data_row, pointers);
-    level.Add(entry.key, pointers);
+    index_page::AppendPointers(view.data_page, view.data_row, pointers);
+    level.Add(view.key, pointers);
   }
   std::vector<PagePlan> plans = PlanLeaves(level);
   if (plans.empty()) plans.push_back(PagePlan{});  // an empty index is one empty leaf

@@ -16,6 +16,7 @@
 // pages in its usage map.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -51,6 +52,19 @@ std::uint32_t CountDistinctKeys(std::span<const IndexEntry> sorted) noexcept;
 // to written_pages when it is given. DaoException when an entry is too long
 // to fit a page.
 std::uint32_t BuildIndexTree(PageWriter& pages, std::uint32_t tdef_page, std::span<const IndexEntry> sorted,
+                             std::vector<std::uint32_t>* written_pages = nullptr);
+
+// An entry whose key bytes are kept elsewhere (in one buffer for a whole
+// index, say).
+struct IndexEntryView {
+  std::span<const std::uint8_t> key;
+  std::uint32_t data_page = 0;
+  std::uint8_t data_row = 0;
+};
+
+// The same for count entries in index order, the i-th given by entry(i).
+std::uint32_t BuildIndexTree(PageWriter& pages, std::uint32_t tdef_page, std::size_t count,
+                             const std::function<IndexEntryView(std::size_t)>& entry,
                              std::vector<std::uint32_t>* written_pages = nullptr);
 
 }  // namespace kvdao::jet::internal

@@ -6,7 +6,9 @@
 #include <string>
 
 #include "format.h"
+#include "general_sort_order.h"
 #include "kvdao/jet/dao_exception.h"
+#include "text_codec.h"
 
 namespace kvdao::jet::internal {
 namespace {
@@ -20,7 +22,6 @@ constexpr std::uint8_t kAscendingFalse = 0xFF;
 
 const char* TypeName(std::uint8_t type) {
   switch (type) {
-    case format::kText: return "Text";
     case format::kMemo: return "Memo";
     case format::kBinary: return "Binary";
     case format::kOle: return "OLE Object";
@@ -32,6 +33,11 @@ const char* TypeName(std::uint8_t type) {
 
 [[noreturn]] void ThrowMismatch(const Variant& value) {
   throw DaoException("Data type conversion error: an index key needs a number, date or Boolean, not a value of type " +
+                     std::to_string(value.vt()) + ".");
+}
+
+[[noreturn]] void ThrowNotText(const Variant& value) {
+  throw DaoException("Data type conversion error: an index key on a Text field needs text, not a value of type " +
                      std::to_string(value.vt()) + ".");
 }
 
@@ -142,10 +148,21 @@ bool Indexable(std::uint8_t type) {
   switch (type) {
     case format::kBoolean: case format::kByte: case format::kInteger: case format::kLong:
     case format::kMoney: case format::kFloat: case format::kDouble: case format::kDateTime:
+    case format::kText:
       return true;
     default:
       return false;
   }
+}
+
+// The library's 8-bit text (code page 1252) as Unicode characters.
+void AppendTextColumn(const Variant& value, bool ascending, std::vector<std::uint8_t>& key) {
+  if (!value.IsText()) ThrowNotText(value);
+  std::string_view text = value.text();
+  if (text.size() > kMaxIndexedTextChars) text = text.substr(0, kMaxIndexedTextChars);
+  char32_t characters[kMaxIndexedTextChars];
+  for (std::size_t i = 0; i < text.size(); ++i) characters[i] = Cp1252ToUnicode(static_cast<unsigned char>(text[i]));
+  AppendGeneralTextKey(std::u32string_view(characters, text.size()), ascending, key);
 }
 
 void AppendColumn(const IndexKeyColumn& column, const Variant& value, std::vector<std::uint8_t>& key) {
@@ -164,6 +181,10 @@ void AppendColumn(const IndexKeyColumn& column, const Variant& value, std::vecto
     return;
   }
   key.push_back(column.ascending ? kAscendingValue : kDescendingValue);
+  if (column.column_type == format::kText) {
+    AppendTextColumn(value, column.ascending, key);  // inverts a descending key itself
+    return;
+  }
   switch (column.column_type) {
     case format::kByte:
       key.push_back(static_cast<std::uint8_t>(WholeNumberOf(value, 0, 255)));

@@ -17,8 +17,8 @@
 //    true and 0xFF for false;
 //  - in a descending column every value byte is inverted after that.
 //
-// Text and Memo keys use the collation tables of the General sort order,
-// which this engine does not have yet: they are refused with a DaoException.
+// Text keys follow the General sort order (general_sort_order.h): the flag,
+// then the text's collation bytes. Memo keys are refused with a DaoException.
 
 #include <cstdint>
 #include <span>

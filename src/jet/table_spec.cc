@@ -172,10 +172,6 @@ TableSpec SpecFromTableDef(const TableDef& def) {
       if (found->long_value()) {
         throw DaoException("Index '" + index.name + "': Memo field '" + key.name + "' cannot be indexed.");
       }
-      if (found->type == format::kText) {
-        throw DaoException("Index '" + index.name + "' names Text field '" + key.name +
-                           "': indexes on Text fields are not supported by this engine yet.");
-      }
       real.keys.push_back({found->number, !key.descending});
     }
     if (index.unique || index.primary) real.flags |= format::kIndexUnique;

@@ -81,7 +81,7 @@ TableWriter::TableWriter(PageFile& file, std::unique_ptr<ExistingTable> existing
   }
   for (std::size_t i = 0; i < spec_.real_indexes.size(); ++i) {
     indexes_.push_back(std::make_unique<IndexCollector>(spec_, i));
-    if (existing_->indexes[i].rebuild) indexes_.back()->Seed(std::move(existing_->indexes[i].entries));
+    indexes_.back()->Seed(std::move(existing_->indexes[i].entries));
   }
   rows_.OnPageFull(&TableWriter::RowPageFull, this);
   if (existing_->last_data_page != 0) rows_.ResumeIfPacked(existing_->last_data_page);
@@ -261,7 +261,6 @@ void TableWriter::FinishExisting() {
   patches.push_back({static_cast<std::size_t>(format::kTdefAutoNumberOffset), last_autonumber_});
   for (std::size_t i = 0; i < indexes_.size(); ++i) {
     ExistingTable::Index& index = old.indexes[i];
-    if (!index.rebuild) continue;  // kept as it is (see IndexKeyTypeEncodable)
     for (std::uint32_t page : index.tree_pages) file_.FreePage(tdef_page_, page);
     std::vector<std::uint32_t> index_pages;
     TablePointers::Index& where = pointers_.indexes[i];

@@ -177,11 +177,9 @@ TEST_F(JetAppendTest, TablesAddedToAccessMadeDatabases) {
     ExpectSampleRows(path, "Added", 300);
     EXPECT_EQ(RowCount(path, "MSysObjects"), catalog_rows + 1);
     EXPECT_EQ(RowCount(path, "MSysACEs"), permission_rows + inherited);
-    // Rebuilt indexes hold every row: the catalog's Id index (the name index
-    // keeps its old entries until text keys can be written), the
+    // Rebuilt indexes hold every row: the catalog's Id and name indexes, the
     // permissions' ObjectId index, the new table's key.
-    const std::vector<std::size_t> catalog_counts = IndexEntryCounts(path, "MSysObjects");
-    EXPECT_EQ(std::count(catalog_counts.begin(), catalog_counts.end(), catalog_rows + 1), 1);
+    EXPECT_EQ(IndexEntryCounts(path, "MSysObjects"), std::vector<std::size_t>(2, catalog_rows + 1));
     EXPECT_EQ(IndexEntryCounts(path, "MSysACEs")[0], static_cast<std::size_t>(permission_rows + inherited));
     EXPECT_EQ(IndexEntryCounts(path, "Added"), std::vector<std::size_t>{300});
     ExpectMdbToolsRead(path, "Added", 300);
@@ -250,6 +248,33 @@ TEST_F(JetAppendTest, RowsAppendedToTablesOfEitherMaker) {
     ASSERT_TRUE(exported.has_value());
     EXPECT_EQ(Lines(*exported).size(), rows.size());
   }
+
+  // An Access-made table keyed on Text (primary key A, a plain index on B):
+  // keys compare in the General sort order, so "ABCDEFG" repeats "abcdefg".
+  const std::string text_keyed = CopyOf("jackcess-testV2000.mdb");
+  {
+    Database db;
+    db.Open(text_keyed, false, false);
+    Recordset rs = db.OpenTable("Table1");
+    rs.AddNew();
+    rs.SetFieldValue("A", Variant("ABCDEFG"));
+    EXPECT_THROW(rs.Update(), DaoException);
+    for (int i = 0; i < 200; ++i) {
+      rs.AddNew();
+      rs.SetFieldValue("A", Variant("key " + std::to_string(i)));
+      rs.SetFieldValue("B", Variant(std::to_string(i % 10)));
+      rs.SetFieldValue("I", Variant(static_cast<short>(VARIANT_TRUE), VT_BOOL));
+      rs.Update();
+    }
+    db.Close();
+  }
+  EXPECT_EQ(RowCount(text_keyed, "Table1"), 202);
+  EXPECT_EQ(IndexEntryCounts(text_keyed, "Table1"), std::vector<std::size_t>(2, 202));
+  if (HaveMdbTools()) {
+    std::optional<std::string> exported = RunTool("mdb-export -H '" + text_keyed + "' Table1");
+    ASSERT_TRUE(exported.has_value());
+    EXPECT_EQ(Lines(*exported).size(), 202u);
+  }
 }
 
 TEST_F(JetAppendTest, RefusedAndFailedWritesLeaveTheFileAsItWas) {
@@ -273,11 +298,11 @@ TEST_F(JetAppendTest, RefusedAndFailedWritesLeaveTheFileAsItWas) {
   EXPECT_FALSE(db.GetTableNames().empty());
   db.Close();
 
-  // A table that exists; a table whose index has Text keys.
+  // A table that exists; a table whose key is a GUID.
   db.Open(jet4, false, false);
   EXPECT_NE(description([&] { db.Append(SampleTable(db, "table1")); }).find("already exists"), std::string::npos);
-  EXPECT_NE(description([&] { db.OpenTable("Table1"); }).find("Text keys"), std::string::npos);
-  EXPECT_EQ(db.GetTableDef("Table1").fields.size(), 9u);  // still described
+  EXPECT_NE(description([&] { db.OpenTable("Table4"); }).find("GUID"), std::string::npos);
+  EXPECT_EQ(db.GetTableDef("Table4").fields.size(), 2u);  // still described
   db.Close();
 
   // An exception unwinding past a database being written discards it.

@@ -173,6 +173,17 @@ TEST_F(JetImportTest, ImportedTableExportsTheSameRecords) {
   EXPECT_EQ(records[2], (std::vector<std::string>{"2", "\x01", "3", "false"}));
   EXPECT_EQ(records[3], (std::vector<std::string>{"3", "", "", "false"}));
 
+  // A Text key: its entries in the General sort order, where case does not
+  // make a key different.
+  test::WriteFile(csv_path, "Code,Qty\nb-2,1\nA\xC3\xA9,2\nB2,3\n");
+  Result text_key = Jet({"import", PathTo("codes.mdb"), "Codes", csv_path, "--primary-key", "Code"});
+  EXPECT_EQ(text_key.status, 0) << text_key.err;
+  EXPECT_NE(Jet({"schema", PathTo("codes.mdb"), "Codes"}).out.find("INDEX PrimaryKey (Code) primary unique"),
+            std::string::npos);
+  test::WriteFile(csv_path, "Code\nabc\nABC\n");
+  Result text_duplicate = Jet({"import", PathTo("codes2.mdb"), "Codes", csv_path, "--primary-key", "Code"});
+  EXPECT_NE(text_duplicate.status, 0);
+  EXPECT_NE(text_duplicate.err.find("duplicate"), std::string::npos) << text_duplicate.err;
   test::WriteFile(csv_path, "Id\n1\n1\n");
   Result duplicate = Jet({"import", PathTo("dup.mdb"), "T", csv_path, "--primary-key", "Id"});
   EXPECT_NE(duplicate.status, 0);

@@ -16,6 +16,7 @@
 #include "bytes.h"
 #include "common/test_env.h"
 #include "format.h"
+#include "index_key.h"
 #include "index_reader.h"
 #include "jet/writer_test_util.h"
 #include "kvdao/jet/jet.h"
@@ -90,6 +91,113 @@ TEST_F(JetWriterTest, NewDatabaseHasTheEngineSystemTablesAndRows) {
       }
     }
   }
+}
+
+// The catalog's name index (MSysObjects "ParentIdName": ParentId, then the
+// Text Name) is what Access looks tables up by. In a new database it must
+// be the engine's own, entry for entry and byte for byte.
+TEST_F(JetWriterTest, CatalogNameIndexIsTheEngines) {
+  if (test::FixturesDir().empty()) GTEST_SKIP() << "shared fixtures not present";
+  const std::string path = PathTo("empty.mdb");
+  Database::Create(path, dbLangGeneral, 0).Close();
+  std::vector<std::uint8_t> ours = FileBytes(path);
+  std::vector<std::uint8_t> engine = FileBytes(test::FixturesDir() + "/jet/real/jackcess-adox_jet4.mdb");
+  const std::uint32_t catalog = 2;  // MSysObjects' definition, in every Jet 4 file
+  const int parent_id_name = 0;     // its first physical index
+  std::uint32_t our_root = IndexRoot(ours, catalog, parent_id_name);
+  std::uint32_t engine_root = IndexRoot(engine, catalog, parent_id_name);
+  auto entries = [](const std::vector<std::uint8_t>& file, std::uint32_t root) {
+    auto fetch = [&](std::uint32_t page) { return std::span<const std::uint8_t>(file).subspan(page * 4096, 4096); };
+    return internal::ReadIndexEntries(fetch, root);
+  };
+  std::vector<internal::IndexEntry> mine = entries(ours, our_root), theirs = entries(engine, engine_root);
+  ASSERT_EQ(mine.size(), theirs.size());
+  for (std::size_t i = 0; i < mine.size(); ++i) {
+    EXPECT_EQ(mine[i].key, theirs[i].key) << "entry " << i;
+    EXPECT_EQ(mine[i].data_row, theirs[i].data_row) << "entry " << i;
+  }
+  // One leaf each, byte for byte the same up to the end of the entries once
+  // the data page in each entry is blanked: the engine keeps its catalog
+  // rows on another page.
+  ASSERT_EQ(ours[our_root * 4096], format::kPageIndexLeaf);
+  ASSERT_EQ(engine[engine_root * 4096], format::kPageIndexLeaf);
+  auto blanked = [](const std::vector<std::uint8_t>& file, std::uint32_t root) {
+    std::vector<std::uint8_t> page(file.begin() + root * 4096, file.begin() + (root + 1) * 4096);
+    const std::size_t end = 480 + 3616 - internal::LoadU16(&page[2]);
+    page.resize(end);
+    std::fill_n(page.begin() + 12, 12, std::uint8_t{0});  // sibling and tail links
+    for (std::size_t n = 1; 480 + n <= end; ++n) {
+      if ((page[27 + n / 8] >> (n % 8) & 1) == 0) continue;  // marks where an entry ends
+      std::fill_n(page.begin() + 480 + n - 4, 3, std::uint8_t{0});
+    }
+    return page;
+  };
+  std::vector<std::uint8_t> a = blanked(ours, our_root), b = blanked(engine, engine_root);
+  ASSERT_EQ(a.size(), b.size());
+  auto differs = std::mismatch(a.begin(), a.end(), b.begin());
+  EXPECT_TRUE(differs.first == a.end()) << "leaf pages differ from byte " << (differs.first - a.begin());
+}
+
+// With user tables, every catalog row has its entry, keyed by its ParentId
+// and Name as the key encoder makes them.
+TEST_F(JetWriterTest, CatalogNameIndexListsUserTables) {
+  const std::string path = PathTo("tables.mdb");
+  {
+    Database db = Database::Create(path);
+    for (const char* name : {"Zeta", "alpha", "Beta", "\xC9t\xE9", "co-op"}) {
+      TableDef def = db.CreateTableDef(name);
+      def.CreateField(Field("A", dbLong));
+      db.Append(def);
+    }
+  }
+  std::vector<std::uint8_t> file = FileBytes(path);
+  auto fetch = [&](std::uint32_t page) { return std::span<const std::uint8_t>(file).subspan(page * 4096, 4096); };
+  std::vector<internal::IndexEntry> entries = internal::ReadIndexEntries(fetch, IndexRoot(file, 2, 0));
+  std::vector<std::vector<std::uint8_t>> expected;
+  Database db;
+  db.Open(path);
+  Recordset catalog = db.OpenTable("MSysObjects");
+  const internal::IndexKeyColumn columns[] = {{format::kLong, true}, {format::kText, true}};
+  while (!catalog.IsEOF()) {
+    Variant values[] = {catalog.GetFieldValue("ParentId"), catalog.GetFieldValue("Name")};
+    expected.emplace_back();
+    internal::EncodeIndexKey(columns, values, expected.back());
+    catalog.MoveNext();
+  }
+  std::sort(expected.begin(), expected.end());
+  ASSERT_EQ(entries.size(), expected.size());
+  for (std::size_t i = 0; i < entries.size(); ++i) EXPECT_EQ(entries[i].key, expected[i]) << "entry " << i;
+}
+
+// A Text primary key sorts as Access sorts (case and accents second,
+// hyphens last) and, like Access, takes "APPLE" for a duplicate of "Apple".
+TEST_F(JetWriterTest, TextPrimaryKeyFollowsTheGeneralSortOrder) {
+  const std::string path = PathTo("text_key.mdb");
+  const char* added[] = {"pear", "Apple", "co-op", "apple pie", "\xC9" "clair", "banana", "coop"};
+  {
+    Database db = Database::Create(path);
+    TableDef def = db.CreateTableDef("Fruit");
+    def.CreateField(Field("Name", dbText, 50, true));
+    def.CreateIndex(PrimaryKey("Name"));
+    db.Append(def);
+    Recordset rs = db.OpenTable("Fruit");
+    for (const char* name : added) {
+      rs.AddNew();
+      rs.SetFieldValue("Name", Variant(name));
+      rs.Update();
+    }
+    rs.AddNew();
+    rs.SetFieldValue("Name", Variant("APPLE"));
+    EXPECT_THROW(rs.Update(), DaoException);
+  }
+  std::vector<std::uint8_t> file = FileBytes(path);
+  auto fetch = [&](std::uint32_t page) { return std::span<const std::uint8_t>(file).subspan(page * 4096, 4096); };
+  std::vector<internal::IndexEntry> entries = internal::ReadIndexEntries(fetch, IndexRoot(file, 9, 0));
+  // Rows of one data page are numbered in the order they were added.
+  std::vector<std::string> order;
+  for (const internal::IndexEntry& e : entries) order.push_back(added[e.data_row]);
+  EXPECT_EQ(order, (std::vector<std::string>{"Apple", "apple pie", "banana", "coop", "co-op", "\xC9" "clair", "pear"}));
+  EXPECT_EQ(ReadRows(path, "Fruit").size(), std::size(added));
 }
 
 TEST_F(JetWriterTest, EveryTypeRoundTripsThroughBothReaders) {
@@ -338,10 +446,10 @@ TEST_F(JetWriterTest, RefusalsSayWhatIsWrong) {
   TableDef wide = db.CreateTableDef("T");
   for (int i = 0; i < 256; ++i) wide.CreateField(Field("F" + std::to_string(i), dbLong));
   refuse(wide, "255");
-  TableDef text_key = db.CreateTableDef("T");
-  text_key.CreateField(Field("A", dbText, 10));
-  text_key.CreateIndex(PrimaryKey("A"));
-  refuse(text_key, "Text field");
+  TableDef memo_key = db.CreateTableDef("T");
+  memo_key.CreateField(Field("A", dbMemo));
+  memo_key.CreateIndex(PrimaryKey("A"));
+  refuse(memo_key, "cannot be indexed");
 
   TableDef good = db.CreateTableDef("Good");
   good.CreateField(Field("K", dbLong, 0, true));

@@ -38,7 +38,8 @@ void ShowSamples(const GenericPlate& plate, int number, std::ostream& out) {
       << " compounds\n";
   for (const GenericSample& sample : plate.Samples()) {
     out << "  " << std::left << std::setw(10) << sample.GetSectionPrefix() << std::setw(8)
-        << sample.Location() << std::setw(20) << sample.SampleID() << sample.MSDataName() << "\n";
+        << sample.Location() << std::setw(12) << sample.SampleID() << std::setw(24)
+        << sample.Description() << sample.MSDataName() << "\n";
   }
 }
 
