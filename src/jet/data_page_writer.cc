@@ -26,6 +26,22 @@ void DataPageWriter::NewPage() {
   StoreU32(page.data() + format::kJet4.data_owner_offset, owner_);
 }
 
+bool DataPageWriter::ResumeIfPacked(std::uint32_t page_number) {
+  std::span<const std::uint8_t> page = pages_.Page(page_number);
+  if (page[0] != format::kPageData || LoadU32(page.data() + format::kJet4.data_owner_offset) != owner_) return false;
+  const std::size_t rows = LoadU16(page.data() + format::kJet4.data_row_count_offset);
+  if (rows >= kMaxRowsPerPage || kHeader + 2 * rows > page.size()) return false;
+  std::size_t end = page.size();
+  for (std::size_t i = 0; i < rows; ++i) {
+    std::size_t start = LoadU16(page.data() + kHeader + 2 * i) & format::kRowOffsetMask;
+    if (start >= end || start < kHeader + 2 * rows) return false;
+    end = start;
+  }
+  if (LoadU16(page.data() + 2) != end - kHeader - 2 * rows) return false;
+  current_ = page_number;
+  return true;
+}
+
 std::span<std::uint8_t> DataPageWriter::Add(std::size_t size, std::uint32_t& row_pointer) {
   const std::uint32_t page_size = pages_.PageSize();
   if (size > MaxRowSize(page_size)) {

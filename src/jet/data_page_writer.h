@@ -23,6 +23,11 @@ class DataPageWriter {
 
   // Continues filling an existing page of the same owner.
   void Resume(std::uint32_t page) noexcept { current_ = page; }
+  // Continues filling a page that came with the file when it is laid out
+  // the way this writer packs pages (a data page of this owner, rows packed
+  // downwards from the end, the free-space field equal to the gap); returns
+  // whether it does. A page laid out otherwise is left alone.
+  bool ResumeIfPacked(std::uint32_t page);
 
   // Room for a row of size bytes; returns where it goes and its row pointer
   // (page << 8 | row). Called with a size the page can never hold, it

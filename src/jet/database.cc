@@ -1,5 +1,7 @@
 #include "kvdao/jet/database.h"
 
+#include <exception>
+
 #include "database_file.h"
 #include "database_writer.h"
 #include "record_appender.h"
@@ -12,6 +14,10 @@ namespace kvdao::jet {
 
 Database::Database() = default;
 Database::~Database() {
+  // Unwinding from an exception, a database being written is abandoned: its
+  // writer goes (when the recordsets that hold it go) with its temporary
+  // file, and the path keeps what it had.
+  if (writer_ && std::uncaught_exceptions() > exceptions_at_start_) return;
   try {
     Close();
   } catch (const DaoException&) {
@@ -28,16 +34,24 @@ Database& Database::operator=(Database&& other) noexcept {
     }
     file_ = std::move(other.file_);
     writer_ = std::move(other.writer_);
+    exceptions_at_start_ = other.exceptions_at_start_;
   }
   return *this;
 }
 
-void Database::Open(const std::string& path, bool /*exclusive*/, bool /*read_only*/, const std::string& connect) {
+void Database::Open(const std::string& path, bool /*exclusive*/, bool read_only, const std::string& connect) {
   if (!connect.empty()) {
     throw DaoException("Could not find installable ISAM: connect string '" + connect +
                        "' names an import driver, and only Jet files can be opened.");
   }
-  file_ = std::make_shared<internal::DatabaseFile>(path);
+  if (read_only) {
+    file_ = std::make_shared<internal::DatabaseFile>(path);
+    return;
+  }
+  std::shared_ptr<internal::DatabaseWriter> writer = internal::DatabaseWriter::OpenExisting(path);
+  file_ = writer->original();
+  writer_ = std::move(writer);
+  exceptions_at_start_ = std::uncaught_exceptions();
 }
 
 void Database::OpenImage(std::span<const std::uint8_t> image) {
@@ -62,6 +76,7 @@ Database Database::Create(const std::string& path, const std::string& locale, in
   }
   Database database;
   database.writer_ = internal::DatabaseWriter::Create(path, internal::OleDateNow());
+  database.exceptions_at_start_ = std::uncaught_exceptions();
   return database;
 }
 
@@ -108,13 +123,7 @@ std::vector<std::string> Database::GetTableNames(bool include_system) const {
 }
 
 TableDef Database::GetTableDef(std::string_view table) const {
-  if (writer_) {
-    internal::TableWriter* writer = writer_->FindTable(table);
-    if (writer == nullptr) {
-      throw DaoException("Item not found in this collection: no table '" + std::string(table) + "'.");
-    }
-    return internal::DescribeSpec(writer->spec());
-  }
+  if (writer_) return writer_->Describe(table);
   return Require(file_).Table(table)->def;
 }
 

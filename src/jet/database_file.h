@@ -32,6 +32,7 @@ class DatabaseFile {
 
   const PageSource& pages() const noexcept { return pages_; }
   const DatabaseInfo& info() const noexcept { return header_.info; }
+  const Header& header() const noexcept { return header_; }
   const std::vector<CatalogEntry>& catalog() const noexcept { return catalog_; }
 
   // The table of this name (case-insensitive); DaoException when the

@@ -183,6 +183,7 @@ inline constexpr Layout kJet4{
 // Header page.
 inline constexpr int kHeaderPasswordJet4 = 0x42;       // 40 bytes, masked with the creation day
 inline constexpr int kHeaderPasswordSizeJet4 = 40;
+inline constexpr int kHeaderEncodingKeyJet4 = 0x3E;    // 4 bytes, non-zero when pages are encrypted
 inline constexpr int kHeaderUnknown6AJet4 = 0x6A;       // 2 bytes, as Jet writes
 inline constexpr std::uint16_t kHeaderUnknown6AValue = 0x261C;
 inline constexpr int kHeaderEngineTailOffset = 0x98;   // after the masked region: 0x654, "4.0"

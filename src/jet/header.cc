@@ -64,6 +64,15 @@ Header ReadHeader(Bytes file) {
     info.jet_version = 4;
     info.sort_order = static_cast<long>(LoadU32(&page[format::kHeaderSortOrderJet4]));
     info.creation_date = LoadF64(&page[format::kHeaderCreationDateJet4]);
+    header.encrypted = LoadU32(&page[format::kHeaderEncodingKeyJet4]) != 0;
+    // An empty password reads as the whole days of the creation date, word
+    // by word.
+    const double days = info.creation_date;
+    std::uint32_t day_mask =
+        days > -2.0e9 && days < 2.0e9 ? static_cast<std::uint32_t>(static_cast<std::int32_t>(days)) : 0;
+    for (int i = 0; i < format::kHeaderPasswordSizeJet4; i += 4) {
+      if (LoadU32(&page[format::kHeaderPasswordJet4 + i]) != day_mask) header.has_password = true;
+    }
   }
   return header;
 }

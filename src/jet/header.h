@@ -19,6 +19,8 @@ void Rc4Apply(std::span<const std::uint8_t> key, std::span<std::uint8_t> data) n
 struct Header {
   const format::Layout* layout = &format::kJet4;
   DatabaseInfo info;
+  bool has_password = false;  // Jet 4: a database password is set
+  bool encrypted = false;     // Jet 4: pages are RC4-encrypted
 };
 
 // Reads page 0 of a file; DaoException when the file is not a Jet 3 or Jet 4

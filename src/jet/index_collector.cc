@@ -39,6 +39,16 @@ Variant StagedValue(const ColumnSpec& column, const RowBuilder& row, std::size_t
 
 }  // namespace
 
+bool IndexKeyTypeEncodable(std::uint8_t column_type) noexcept {
+  switch (column_type) {
+    case format::kBoolean: case format::kByte: case format::kInteger: case format::kLong: case format::kMoney:
+    case format::kFloat: case format::kDouble: case format::kDateTime: case format::kText:
+      return true;
+    default:
+      return false;
+  }
+}
+
 IndexCollector::IndexCollector(const TableSpec& spec, std::size_t real_index)
     : spec_(spec), index_(spec.real_indexes[real_index]) {
   for (const LogicalIndexSpec& logical : spec.indexes) {
@@ -137,6 +147,13 @@ void IndexCollector::Remember(std::uint32_t entry) {
   while (lookup_[slot] != 0) slot = (slot + 1) & mask;
   lookup_[slot] = entry + 1;
   ++lookup_size_;
+}
+
+void IndexCollector::Seed(std::vector<IndexEntry> existing) {
+  for (const IndexEntry& entry : existing) {
+    key_ = entry.key;
+    Add(entry.data_page << 8 | entry.data_row);
+  }
 }
 
 void IndexCollector::Add(std::uint32_t row_pointer) {

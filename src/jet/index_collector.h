@@ -27,9 +27,18 @@
 
 namespace kvdao::jet::internal {
 
+// Whether index keys of a column type can be encoded (the key encoder
+// refuses the others); a table with an index over any other type cannot be
+// appended to.
+bool IndexKeyTypeEncodable(std::uint8_t column_type) noexcept;
+
 class IndexCollector {
  public:
   IndexCollector(const TableSpec& spec, std::size_t real_index);
+
+  // Starts from the entries an index already holds (in index order), so
+  // new keys are checked against them and Build writes them all.
+  void Seed(std::vector<IndexEntry> existing);
 
   // Encodes the row's key; DaoException when it is null in a required index
   // or already present in a unique one. Nothing is recorded.

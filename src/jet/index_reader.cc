@@ -28,6 +28,8 @@ class TreeReader {
     }
   }
 
+  void AppendPages(std::vector<std::uint32_t>& out) const { out.insert(out.end(), seen_.begin(), seen_.end()); }
+
   void Visit(std::uint32_t page_number, int depth) {
     if (depth > kMaxDepth) Damaged("is nested too deeply");
     if (!seen_.insert(page_number).second) {
@@ -63,11 +65,13 @@ class TreeReader {
 
 }  // namespace
 
-std::vector<IndexEntry> ReadIndexEntries(const IndexPageFetcher& page, std::uint32_t root) {
+std::vector<IndexEntry> ReadIndexEntries(const IndexPageFetcher& page, std::uint32_t root,
+                                         std::vector<std::uint32_t>* tree_pages) {
   std::vector<IndexEntry> entries;
   TreeReader reader(page, entries);
   reader.Visit(root, 0);
   reader.VisitTrailingLeaves();
+  if (tree_pages != nullptr) reader.AppendPages(*tree_pages);
   return entries;
 }
 

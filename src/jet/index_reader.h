@@ -19,7 +19,10 @@ namespace kvdao::jet::internal {
 // Fetches a page by number (DaoException when there is no such page).
 using IndexPageFetcher = std::function<std::span<const std::uint8_t>(std::uint32_t)>;
 
-// The entries of the tree whose root is page root, in index order.
-std::vector<IndexEntry> ReadIndexEntries(const IndexPageFetcher& page, std::uint32_t root);
+// The entries of the tree whose root is page root, in index order. The
+// numbers of the tree's pages are appended to tree_pages when it is given
+// (a writer that rebuilds the tree frees them).
+std::vector<IndexEntry> ReadIndexEntries(const IndexPageFetcher& page, std::uint32_t root,
+                                         std::vector<std::uint32_t>* tree_pages = nullptr);
 
 }  // namespace kvdao::jet::internal

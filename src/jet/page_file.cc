@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <functional>
 
 #include "format.h"
 #include "kvdao/jet/dao_exception.h"
@@ -44,14 +45,60 @@ std::unique_ptr<PageFile> PageFile::Create(const std::string& target) {
   return std::unique_ptr<PageFile>(new PageFile(native, temp, fd));
 }
 
-PageFile::~PageFile() {
+std::unique_ptr<PageFile> PageFile::OpenCopy(const std::string& target, std::vector<std::uint32_t> free_pages) {
+  std::string native = platform::ToNativePath(target);
+  int in = ::open(native.c_str(), O_RDONLY | O_CLOEXEC);
+  if (in < 0) ThrowIo("open", native);
+  struct stat info {};
+  if (::fstat(in, &info) != 0 || info.st_size % kPageSize != 0) {
+    ::close(in);
+    throw DaoException("Cannot open '" + target + "' for writing: its size is not a whole number of Jet 4 pages.");
+  }
+  std::string temp;
+  int fd = -1;
+  try {
+    fd = MakeTemporary(native, temp);
+  } catch (...) {
+    ::close(in);
+    throw;
+  }
+  std::unique_ptr<PageFile> file(new PageFile(native, temp, fd));
+  std::vector<std::uint8_t> buffer(256 * kPageSize);
+  for (off_t done = 0; done < info.st_size;) {
+    ssize_t got = ::pread(in, buffer.data(), buffer.size(), done);
+    if (got <= 0 || ::pwrite(fd, buffer.data(), static_cast<std::size_t>(got), done) != got) {
+      ::close(in);
+      ThrowIo("copy", native);
+    }
+    done += got;
+  }
+  ::close(in);
+  const std::size_t count = static_cast<std::size_t>(info.st_size / kPageSize);
+  file->pages_.resize(count);
+  file->dirty_.assign(count, false);
+  std::sort(free_pages.begin(), free_pages.end(), std::greater<>());
+  free_pages.erase(std::unique(free_pages.begin(), free_pages.end()), free_pages.end());
+  free_pages.erase(std::remove_if(free_pages.begin(), free_pages.end(),
+                                  [&](std::uint32_t page) { return page < 2 || page >= count; }),
+                   free_pages.end());
+  // Handed out from the back: lowest page first.
+  file->free_ = std::move(free_pages);
+  return file;
+}
+
+PageFile::~PageFile() { Discard(); }
+
+void PageFile::Discard() noexcept {
   if (fd_ >= 0) ::close(fd_);
-  if (!committed_) ::unlink(temp_.c_str());
+  fd_ = -1;
+  if (!committed_ && !temp_.empty()) ::unlink(temp_.c_str());
+  temp_.clear();
 }
 
 std::uint32_t PageFile::PageSize() const noexcept { return kPageSize; }
 
 std::uint32_t PageFile::AllocatePage(std::uint32_t owner_tdef_page) {
+  modified_ = true;
   std::uint32_t page;
   if (!free_.empty()) {
     page = free_.back();
@@ -68,6 +115,7 @@ std::uint32_t PageFile::AllocatePage(std::uint32_t owner_tdef_page) {
 }
 
 void PageFile::FreePage(std::uint32_t owner_tdef_page, std::uint32_t page) {
+  modified_ = true;
   auto& taken = taken_[owner_tdef_page];
   taken.erase(std::remove(taken.begin(), taken.end(), page), taken.end());
   std::memset(Resident(page), 0, kPageSize);
@@ -78,6 +126,7 @@ void PageFile::FreePage(std::uint32_t owner_tdef_page, std::uint32_t page) {
 std::span<std::uint8_t> PageFile::MutablePage(std::uint32_t page) {
   std::uint8_t* bytes = Resident(page);
   dirty_[page] = true;
+  modified_ = true;
   return {bytes, kPageSize};
 }
 

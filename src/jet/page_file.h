@@ -28,6 +28,11 @@ class PageFile final : public PageWriter {
   // A new, empty file to be committed at target. DaoException when the
   // temporary file cannot be made.
   static std::unique_ptr<PageFile> Create(const std::string& target);
+  // A copy of the existing file at target, made beside it, to be changed
+  // and committed over it. free_pages: the pages the file's free-page map
+  // marks free; they are handed out before the file grows. DaoException
+  // when the copy cannot be made or the file is not a whole number of pages.
+  static std::unique_ptr<PageFile> OpenCopy(const std::string& target, std::vector<std::uint32_t> free_pages);
 
   ~PageFile() override;
   PageFile(const PageFile&) = delete;
@@ -48,6 +53,10 @@ class PageFile final : public PageWriter {
   // Writes a page to the temporary file and drops it from memory; it is
   // read back if asked for again.
   void Retire(std::uint32_t page);
+  // True once any page was taken, given back or changed.
+  bool modified() const noexcept { return modified_; }
+  // Removes the temporary file now, leaving the target as it was.
+  void Discard() noexcept;
   // Writes every page, flushes and renames the file over the target.
   // DaoException when any step fails (the target is then untouched).
   void Commit();
@@ -61,6 +70,7 @@ class PageFile final : public PageWriter {
   std::string temp_;
   int fd_ = -1;
   bool committed_ = false;
+  bool modified_ = false;
   // Null when the page is only on disk.
   mutable std::vector<std::unique_ptr<std::uint8_t[]>> pages_;
   mutable std::vector<bool> dirty_;

@@ -76,7 +76,7 @@ std::size_t RowBuilder::EncodedSize() const noexcept {
 void RowBuilder::Encode(std::uint8_t* out) const noexcept {
   StoreU16(out, column_count_);
   std::uint8_t* p = out + 2;
-  if (fixed_size_ != 0) std::memcpy(p, fixed_.data(), fixed_size_);  // a table of only variable columns has none
+  if (fixed_size_ != 0) std::memcpy(p, fixed_.data(), fixed_size_);  // a table of variable columns has none
   p += fixed_size_;
   if (!by_var_index_.empty()) {
     // Variable values in offset-table order, then the offsets stored

@@ -43,41 +43,41 @@ void AddIndex(TableSpec& spec, const char* name, std::uint32_t number, std::uint
   spec.indexes.push_back({name, number, real, type});
 }
 
-// Security identifiers the engine writes: the engine itself (owner of the
-// system tables), the creating user "admin", and two groups.
+// The engine's own security identifier: owner of the system tables (the
+// user and group identifiers are in table_grants.h).
 const ByteArray kEngineSid = {0x65, 0x89};
-const ByteArray kAdminSid = {0x64, 0x8B};
-const ByteArray kAdminsSid = {0x65, 0x8B};
-const ByteArray kUsersSid = {0x65, 0x8E};
 
-// Catalog column positions, in the entry order of SystemTableSpecs.
-enum CatalogColumn { kConnect, kDatabase, kDateCreate, kDateUpdate, kFlags, kForeignName, kId, kLv, kLvExtra,
-                     kLvModule, kLvProp, kName, kOwner, kParentId, kRmtInfoLong, kRmtInfoShort, kType };
-enum PermissionColumn { kAcm, kInheritable, kObjectId, kSid };
+// Sets a column by name; a column the table lacks is left out.
+void Set(TableWriter& table, const char* column, const Variant& value) {
+  int index = table.FindColumn(column);
+  if (index >= 0) table.SetValue(static_cast<std::size_t>(index), value);
+}
+
+Variant LongValue(std::uint32_t value) { return Variant(static_cast<long>(static_cast<std::int32_t>(value))); }
 
 void CatalogRow(TableWriter& catalog, std::uint32_t id, std::uint32_t parent, const char* name, int type,
                 double created, const ByteArray& owner, std::uint32_t flags,
                 const std::vector<std::uint8_t>* properties = nullptr) {
   catalog.AddNew();
-  catalog.SetValue(kId, Variant(static_cast<long>(static_cast<std::int32_t>(id))));
-  catalog.SetValue(kParentId, Variant(static_cast<long>(static_cast<std::int32_t>(parent))));
-  catalog.SetValue(kName, Variant(name));
-  catalog.SetValue(kType, Variant(static_cast<short>(type)));
-  catalog.SetValue(kDateCreate, Variant(OleDate{created}));
-  catalog.SetValue(kDateUpdate, Variant(OleDate{created}));
-  catalog.SetValue(kOwner, Variant(owner));
-  catalog.SetValue(kFlags, Variant(static_cast<long>(static_cast<std::int32_t>(flags))));
-  if (properties != nullptr && !properties->empty()) catalog.SetValue(kLvProp, Variant(*properties));
+  Set(catalog, "Id", LongValue(id));
+  Set(catalog, "ParentId", LongValue(parent));
+  Set(catalog, "Name", Variant(name));
+  Set(catalog, "Type", Variant(static_cast<short>(type)));
+  Set(catalog, "DateCreate", Variant(OleDate{created}));
+  Set(catalog, "DateUpdate", Variant(OleDate{created}));
+  Set(catalog, "Owner", Variant(owner));
+  Set(catalog, "Flags", LongValue(flags));
+  if (properties != nullptr && !properties->empty()) Set(catalog, "LvProp", Variant(*properties));
   catalog.Update();
 }
 
 void PermissionRow(TableWriter& permissions, std::uint32_t object, std::uint32_t rights, const ByteArray& sid,
                    bool inheritable) {
   permissions.AddNew();
-  permissions.SetValue(kObjectId, Variant(static_cast<long>(static_cast<std::int32_t>(object))));
-  permissions.SetValue(kAcm, Variant(static_cast<long>(static_cast<std::int32_t>(rights))));
-  permissions.SetValue(kSid, Variant(sid));
-  permissions.SetValue(kInheritable, Variant(static_cast<short>(inheritable ? VARIANT_TRUE : VARIANT_FALSE), VT_BOOL));
+  Set(permissions, "ObjectId", LongValue(object));
+  Set(permissions, "ACM", LongValue(rights));
+  Set(permissions, "SID", Variant(sid));
+  Set(permissions, "FInheritable", Variant(static_cast<short>(inheritable ? VARIANT_TRUE : VARIANT_FALSE), VT_BOOL));
   permissions.Update();
 }
 
@@ -194,15 +194,13 @@ void AddInitialPermissionRows(TableWriter& permissions) {
 }
 
 void AddTableCatalogRow(TableWriter& catalog, const std::string& name, std::uint32_t tdef_page, double created,
-                        const std::vector<std::uint8_t>& properties) {
-  CatalogRow(catalog, tdef_page, format::kCatalogTablesId, name.c_str(), format::kObjectTypeTable, created, kAdminSid,
-             0, &properties);
+                        const std::vector<std::uint8_t>& properties, const TableGrants& grants) {
+  CatalogRow(catalog, tdef_page, grants.container, name.c_str(), format::kObjectTypeTable, created, grants.owner, 0,
+             &properties);
 }
 
-void AddTablePermissionRows(TableWriter& permissions, std::uint32_t tdef_page) {
-  // A new table inherits the inheritable entries of the Tables container.
-  PermissionRow(permissions, tdef_page, 0x000F00FE, kUsersSid, false);
-  PermissionRow(permissions, tdef_page, 0x000FFEFF, kAdminsSid, false);
+void AddTablePermissionRows(TableWriter& permissions, std::uint32_t tdef_page, const TableGrants& grants) {
+  for (const TableGrants::Entry& entry : grants.entries) PermissionRow(permissions, tdef_page, entry.rights, entry.sid, false);
 }
 
 }  // namespace kvdao::jet::internal

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "table_grants.h"
 #include "table_spec.h"
 #include "table_writer.h"
 
@@ -23,9 +24,11 @@ void AddInitialCatalogRows(TableWriter& catalog, double created);
 // Permission rows of a new database.
 void AddInitialPermissionRows(TableWriter& permissions);
 
-// The catalog row and permission rows of a new user table.
+// The catalog row and permission rows of a new user table. The catalog and
+// permissions writers may be those of an existing file: values are set by
+// column name.
 void AddTableCatalogRow(TableWriter& catalog, const std::string& name, std::uint32_t tdef_page, double created,
-                        const std::vector<std::uint8_t>& properties);
-void AddTablePermissionRows(TableWriter& permissions, std::uint32_t tdef_page);
+                        const std::vector<std::uint8_t>& properties, const TableGrants& grants);
+void AddTablePermissionRows(TableWriter& permissions, std::uint32_t tdef_page, const TableGrants& grants);
 
 }  // namespace kvdao::jet::internal

@@ -61,11 +61,18 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
   std::uint32_t logical_count = tdef.U32(layout.tdef_logical_indexes_offset);
   std::uint32_t real_count = tdef.U32(layout.tdef_real_indexes_offset);
   table.owned_pages = tdef.U32(layout.tdef_owned_pages_offset);
+  table.free_space_pages = tdef.U32(layout.tdef_free_pages_offset);
+  if (layout.version == format::Version::kJet4) table.last_autonumber = tdef.U32(format::kTdefAutoNumberOffset);
   if (column_count > kMaxColumns || logical_count > kMaxIndexes || real_count > kMaxIndexes) {
     throw DaoException("The database file is damaged: the table definition at page " +
                        std::to_string(page) + " claims too many columns or indexes.");
   }
 
+  table.real_indexes.resize(real_count);
+  for (std::uint32_t i = 0; i < real_count; ++i) {
+    table.real_indexes[i].distinct_keys =
+        tdef.U32(static_cast<std::size_t>(layout.tdef_header_size) + i * layout.tdef_real_index_count_size + 4);
+  }
   std::size_t pos = static_cast<std::size_t>(layout.tdef_header_size) +
                     real_count * static_cast<std::size_t>(layout.tdef_real_index_count_size);
   table.columns.resize(column_count);
@@ -102,26 +109,30 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
                        ", which the table does not have.");
   };
 
-  struct RealIndex {
-    std::vector<IndexField> fields;
-    std::uint8_t flags = 0;
-  };
-  std::vector<RealIndex> real(real_count);
-  for (RealIndex& index : real) {
+  std::vector<std::vector<IndexField>> real_fields(real_count);
+  for (std::uint32_t r = 0; r < real_count; ++r) {
+    RealIndexDef& index = table.real_indexes[r];
     tdef.Require(pos, layout.real_index_entry_size);
+    index.entry_offset = pos;
     std::size_t at = pos + layout.real_index_skip;
     for (int i = 0; i < format::kIndexMaxColumns; ++i, at += 3) {
       std::uint16_t number = tdef.U16(at);
       if (number == 0xFFFF) continue;
-      index.fields.push_back({column_name(number), tdef.U8(at + 2) != 0x01});
+      bool ascending = tdef.U8(at + 2) == 0x01;
+      real_fields[r].push_back({column_name(number), !ascending});
+      index.keys.push_back({number, ascending});
     }
-    at += 8;  // index usage map and first page
+    index.usage_map = tdef.U32(at);
+    index.first_page = tdef.U32(at + 4);
+    at += 8;
     if (layout.version == format::Version::kJet4) at += format::kJet4IndexFlagsSkip;
     index.flags = tdef.U8(at);
     pos += layout.real_index_entry_size;
   }
   table.indexes.resize(logical_count);
-  for (IndexInfo& index : table.indexes) {
+  table.logical_indexes.resize(logical_count);
+  for (std::uint32_t l = 0; l < logical_count; ++l) {
+    IndexInfo& index = table.indexes[l];
     tdef.Require(pos, layout.logical_index_entry_size);
     std::size_t at = pos + layout.logical_index_skip;
     std::uint32_t real_number = tdef.U32(at + 4);
@@ -129,8 +140,9 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
     if (real_number >= real_count) {
       throw DaoException("The database file is damaged: an index refers to a missing index entry.");
     }
-    index.fields = real[real_number].fields;
-    std::uint8_t flags = real[real_number].flags;
+    table.logical_indexes[l] = {tdef.U32(at), real_number, type};
+    index.fields = real_fields[real_number];
+    std::uint8_t flags = table.real_indexes[real_number].flags;
     index.primary = type == format::kIndexTypePrimary;
     index.foreign = type == format::kIndexTypeForeign;
     index.unique = index.primary || (flags & format::kIndexUnique) != 0;
@@ -139,6 +151,21 @@ TableDefinition ReadTableDefinition(const PageSource& pages, std::uint32_t page)
     pos += layout.logical_index_entry_size;
   }
   for (IndexInfo& index : table.indexes) index.name = read_name();
+  // Jet 4 then lists the usage maps of each long-value column; a definition
+  // that ends early simply has none.
+  // Every entry must name a long-value column, so bytes past the end of the
+  // definition are never taken for one.
+  if (layout.version == format::Version::kJet4) {
+    const std::size_t end = std::min<std::size_t>(tdef.size(), tdef.U32(format::kTdefLengthOffset));
+    while (pos + 10 <= end) {
+      std::uint16_t number = tdef.U16(pos);
+      auto column = std::find_if(table.columns.begin(), table.columns.end(),
+                                 [&](const ColumnDef& c) { return c.number == number; });
+      if (column == table.columns.end() || (column->type != format::kMemo && column->type != format::kOle)) break;
+      table.long_value_maps.push_back({number, tdef.U32(pos + 2), tdef.U32(pos + 6)});
+      pos += 10;
+    }
+  }
   return table;
 }
 

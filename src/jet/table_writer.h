@@ -6,6 +6,12 @@
 // straight into the table's current data page (Update). Full pages are
 // handed back to the file so memory stays flat. Finish writes the table's
 // usage maps, its index pages and its definition with the final row count.
+//
+// A writer for a table already in the file continues it: rows go on its
+// last data page while that has room, then on new pages; Finish adds the
+// new pages to the table's usage maps, rebuilds each index from its old
+// entries and the new ones (freeing the old index pages), and changes only
+// the row count, AutoNumber and index roots in the stored definition.
 
 #include <cstdint>
 #include <memory>
@@ -13,6 +19,7 @@
 #include <vector>
 
 #include "data_page_writer.h"
+#include "existing_table.h"
 #include "index_collector.h"
 #include "kvdao/platform/variant.h"
 #include "page_file.h"
@@ -27,6 +34,9 @@ class TableWriter {
   // tdef_page: the table's (already taken) definition page; map_rows: where
   // the table's usage-map rows are added.
   TableWriter(PageFile& file, DataPageWriter& map_rows, TableSpec spec, std::uint32_t tdef_page);
+  // Continues a table that is in the file.
+  TableWriter(PageFile& file, std::unique_ptr<ExistingTable> existing);
+  ~TableWriter();
   TableWriter(const TableWriter&) = delete;
   TableWriter& operator=(const TableWriter&) = delete;
 
@@ -51,7 +61,11 @@ class TableWriter {
 
  private:
   void CheckFieldRules() const;
+  void CreateLongValueWriters();
+  std::vector<std::size_t> AssignAutoNumbers();
+  void FinishExisting();
   static void RetirePage(void* file, std::uint32_t page);
+  static void RowPageFull(void* self, std::uint32_t page);
 
   PageFile& file_;
   TableSpec spec_;
@@ -65,6 +79,12 @@ class TableWriter {
   std::vector<std::uint8_t> encoded_;
   bool editing_ = false;
   bool finished_ = false;
+  // A table that came with the file: what it had, and its data pages that
+  // this writer filled up.
+  std::unique_ptr<ExistingTable> existing_;
+  std::vector<std::uint32_t> full_pages_;
+  std::uint32_t last_autonumber_ = 0;
+  std::vector<std::size_t> autonumbers_;  // AutoNumber columns (tables made by Access)
 };
 
 }  // namespace kvdao::jet::internal

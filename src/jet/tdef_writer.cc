@@ -5,6 +5,7 @@
 
 #include "byte_writer.h"
 #include "bytes.h"
+#include "kvdao/jet/dao_exception.h"
 
 namespace kvdao::jet::internal {
 
@@ -135,6 +136,36 @@ void WriteTableDefinition(PageWriter& pages, std::uint32_t first_page, const std
     std::uint32_t next = old_next != 0 ? old_next : pages.AllocatePage(first_page);
     StoreU32(pages.MutablePage(page).data() + layout.tdef_next_page_offset, next);
     page = next;
+  }
+}
+
+void PatchTableDefinition(PageWriter& pages, std::uint32_t first_page, const std::vector<TdefPatch>& patches) {
+  const std::size_t page_size = pages.PageSize();
+  const std::size_t header = static_cast<std::size_t>(format::kJet4.tdef_continuation_header);
+  std::vector<std::uint32_t> chain{first_page};
+  // The page holding byte `offset` of the definition, and where in it.
+  auto locate = [&](std::size_t offset, std::size_t& in_page) {
+    std::size_t k = 0;
+    in_page = offset;
+    if (offset >= page_size) {
+      k = (offset - page_size) / (page_size - header) + 1;
+      in_page = header + (offset - page_size) % (page_size - header);
+    }
+    while (chain.size() <= k) {
+      std::uint32_t next = LoadU32(pages.Page(chain.back()).data() + format::kJet4.tdef_next_page_offset);
+      if (next == 0 || chain.size() > 0xFFFF) {
+        throw DaoException("The database file is damaged: a table definition is shorter than it says.");
+      }
+      chain.push_back(next);
+    }
+    return chain[k];
+  };
+  for (const TdefPatch& patch : patches) {
+    for (std::size_t i = 0; i < 4; ++i) {
+      std::size_t in_page = 0;
+      std::uint32_t page = locate(patch.offset + i, in_page);
+      pages.MutablePage(page)[in_page] = static_cast<std::uint8_t>(patch.value >> (8 * i));
+    }
   }
 }
 

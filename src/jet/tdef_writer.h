@@ -38,4 +38,17 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
 // needed are given back.
 void WriteTableDefinition(PageWriter& pages, std::uint32_t first_page, const std::vector<std::uint8_t>& bytes);
 
+// One 32-bit value to change in a stored definition, at its offset in the
+// definition's bytes (as EncodeTableDefinition lays them out and the reader
+// joins the chained pages).
+struct TdefPatch {
+  std::size_t offset;
+  std::uint32_t value;
+};
+
+// Changes values in place in the definition starting on first_page, leaving
+// every other byte as it is: how a definition the writer did not make is
+// updated. DaoException when an offset lies beyond the page chain.
+void PatchTableDefinition(PageWriter& pages, std::uint32_t first_page, const std::vector<TdefPatch>& patches);
+
 }  // namespace kvdao::jet::internal

@@ -12,17 +12,21 @@
 namespace kvdao::jet::internal {
 namespace {
 
-constexpr std::uint32_t kInlinePages = format::kUsageMapInlineBitmapSize * 8;
-constexpr std::size_t kMaxReferences = (format::kUsageMapRowSize - 1) / 4;
-
+// A map row: the writer makes 69-byte rows; Access makes longer ones too
+// (an inline bitmap of more than 64 bytes covers more pages).
 std::span<std::uint8_t> MapRow(PageFile& file, std::uint32_t row_pointer) {
   RowId id = RowId::FromPointer(row_pointer);
   std::span<std::uint8_t> page = file.MutablePage(id.page);
   RowSlot slot = DataPageRow(page, format::kJet4, id.row, true);
-  if (slot.bytes.size() != static_cast<std::size_t>(format::kUsageMapRowSize)) {
+  if (slot.bytes.size() < static_cast<std::size_t>(format::kUsageMapRowSize)) {
     throw DaoException("The database file is damaged: a usage map row has an unexpected size.");
   }
   return page.subspan(static_cast<std::size_t>(slot.bytes.data() - page.data()), slot.bytes.size());
+}
+
+// Pages an inline map in this row covers.
+std::uint32_t InlinePages(std::span<const std::uint8_t> row) noexcept {
+  return static_cast<std::uint32_t>((row.size() - 5) * 8);
 }
 
 void SetBit(std::uint8_t* bitmap, std::uint32_t bit) noexcept {
@@ -32,9 +36,9 @@ void SetBit(std::uint8_t* bitmap, std::uint32_t bit) noexcept {
 // Makes the row a reference map of `needed` cleared bitmap pages: reuses
 // those the row names already, takes new ones for the rest.
 std::vector<std::uint32_t> ReferencePages(PageFile& file, std::uint32_t row_pointer, std::size_t needed) {
-  if (needed > kMaxReferences) throw DaoException("The database is larger than a usage map can describe.");
-  std::vector<std::uint32_t> pages(needed, 0);
   std::span<std::uint8_t> row = MapRow(file, row_pointer);
+  if (needed > (row.size() - 1) / 4) throw DaoException("The database is larger than a usage map can describe.");
+  std::vector<std::uint32_t> pages(needed, 0);
   if (row[0] == format::kUsageMapReference) {
     for (std::size_t i = 0; i < needed; ++i) pages[i] = LoadU32(row.data() + 1 + 4 * i);
   }
@@ -56,9 +60,10 @@ std::vector<std::uint32_t> ReferencePages(PageFile& file, std::uint32_t row_poin
 
 void WriteUsageMap(PageFile& file, std::uint32_t row_pointer, const std::vector<std::uint32_t>& sorted_pages) {
   std::span<std::uint8_t> row = MapRow(file, row_pointer);
+  const std::uint32_t inline_pages = InlinePages(row);
   std::uint32_t start = sorted_pages.empty() ? 0 : (sorted_pages.front() & ~7u);
-  if (!sorted_pages.empty() && sorted_pages.back() < kInlinePages) start = 0;
-  if (sorted_pages.empty() || sorted_pages.back() - start < kInlinePages) {
+  if (!sorted_pages.empty() && sorted_pages.back() < inline_pages) start = 0;
+  if (sorted_pages.empty() || sorted_pages.back() - start < inline_pages) {
     std::fill(row.begin(), row.end(), 0);
     row[0] = format::kUsageMapInline;
     StoreU32(row.data() + 1, start);
@@ -75,10 +80,11 @@ void WriteUsageMap(PageFile& file, std::uint32_t row_pointer, const std::vector<
 
 void WriteGlobalUsageMap(PageFile& file, std::uint32_t row_pointer) {
   std::span<std::uint8_t> row = MapRow(file, row_pointer);
-  if (file.PageCount() <= kInlinePages && row[0] != format::kUsageMapReference) {
+  const std::uint32_t inline_pages = InlinePages(row);
+  if (file.PageCount() <= inline_pages && row[0] != format::kUsageMapReference) {
     std::fill(row.begin(), row.end(), 0);
     row[0] = format::kUsageMapInline;
-    for (std::uint32_t page = file.PageCount(); page < kInlinePages; ++page) SetBit(row.data() + 5, page);
+    for (std::uint32_t page = file.PageCount(); page < inline_pages; ++page) SetBit(row.data() + 5, page);
     for (std::uint32_t page : file.FreePages()) SetBit(row.data() + 5, page);
     return;
   }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 
 #include "cli.h"
@@ -172,10 +173,8 @@ TEST_F(JetImportTest, ImportedTableExportsTheSameRecords) {
   EXPECT_EQ(records[2], (std::vector<std::string>{"2", "\x01", "3", "false"}));
   EXPECT_EQ(records[3], (std::vector<std::string>{"3", "", "", "false"}));
 
-  Result again = Jet({"import", db_path, "Items", csv_path});
-  EXPECT_NE(again.status, 0);
-  EXPECT_NE(again.err.find("exists"), std::string::npos);
-  // A Text key.
+  // A Text key: its entries in the General sort order, where case does not
+  // make a key different.
   test::WriteFile(csv_path, "Code,Qty\nb-2,1\nA\xC3\xA9,2\nB2,3\n");
   Result text_key = Jet({"import", PathTo("codes.mdb"), "Codes", csv_path, "--primary-key", "Code"});
   EXPECT_EQ(text_key.status, 0) << text_key.err;
@@ -185,6 +184,35 @@ TEST_F(JetImportTest, ImportedTableExportsTheSameRecords) {
   Result duplicate = Jet({"import", PathTo("dup.mdb"), "T", csv_path, "--primary-key", "Id"});
   EXPECT_NE(duplicate.status, 0);
   EXPECT_NE(duplicate.err.find("duplicate"), std::string::npos) << duplicate.err;
+  EXPECT_FALSE(std::filesystem::exists(PathTo("dup.mdb")));  // nothing half-written
+}
+
+// Importing into a database that exists adds the table; a table name that
+// exists, or an import that fails half-way, leaves the file as it was.
+TEST_F(JetImportTest, ImportAddsTablesToAnExistingDatabase) {
+  const std::string csv_path = PathTo("in.csv");
+  const std::string db_path = PathTo("out.mdb");
+  test::WriteFile(csv_path, "Id,Name\n1,one\n2,two\n");
+  ASSERT_EQ(Jet({"import", db_path, "First", csv_path}).status, 0);
+  test::WriteFile(csv_path, "Key,Value\n10,1.5\n20,2.5\n30,\n");
+  Result second = Jet({"import", db_path, "Second", csv_path, "--primary-key", "Key"});
+  ASSERT_EQ(second.status, 0) << second.err;
+  EXPECT_EQ(Jet({"tables", db_path}).out, "First\nSecond\n");
+  auto first = ParseCsv(Jet({"export", db_path, "First", "--format", "csv"}).out);
+  ASSERT_GE(first.size(), 3u);
+  EXPECT_EQ(first[2], (std::vector<std::string>{"2", "two"}));
+  auto records = ParseCsv(Jet({"export", db_path, "Second", "--format", "csv"}).out);
+  ASSERT_GE(records.size(), 4u);
+  EXPECT_EQ(records[3], (std::vector<std::string>{"30", ""}));
+
+  const std::string before = test::ReadFile(db_path);
+  Result again = Jet({"import", db_path, "first", csv_path});
+  EXPECT_NE(again.status, 0);
+  EXPECT_NE(again.err.find("already exists"), std::string::npos) << again.err;
+  test::WriteFile(csv_path, "Key\n5\n5\n");
+  Result duplicate = Jet({"import", db_path, "Third", csv_path, "--primary-key", "Key"});
+  EXPECT_NE(duplicate.status, 0);
+  EXPECT_EQ(test::ReadFile(db_path), before);
 }
 
 }  // namespace

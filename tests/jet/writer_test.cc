@@ -18,70 +18,14 @@
 #include "format.h"
 #include "index_key.h"
 #include "index_reader.h"
+#include "jet/writer_test_util.h"
 #include "kvdao/jet/jet.h"
 #include "kvdao/samplelist/schema.h"
 
 namespace kvdao::jet {
 namespace {
 
-FieldInfo Field(const std::string& name, int type, long size = 0, bool required = false, bool zero_length = false) {
-  FieldInfo field;
-  field.name = name;
-  field.type = type;
-  field.size = size;
-  field.attributes = dbVariableField;
-  field.required = required;
-  field.allow_zero_length = zero_length;
-  return field;
-}
-
-IndexInfo PrimaryKey(const std::string& field) {
-  IndexInfo index;
-  index.name = "PrimaryKey";
-  index.fields.push_back({field, false});
-  index.primary = index.unique = index.required = true;
-  return index;
-}
-
-// Standard output of a command, or nullopt when it cannot run.
-std::optional<std::string> RunTool(const std::string& command) {
-  FILE* pipe = ::popen((command + " 2>/dev/null").c_str(), "r");
-  if (pipe == nullptr) return std::nullopt;
-  std::string out;
-  char buffer[4096];
-  std::size_t got;
-  while ((got = std::fread(buffer, 1, sizeof buffer, pipe)) > 0) out.append(buffer, got);
-  if (::pclose(pipe) != 0) return std::nullopt;
-  return out;
-}
-
-bool HaveMdbTools() { return RunTool("command -v mdb-export").has_value(); }
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::size_t start = 0;
-  while (start < text.size()) {
-    std::size_t end = text.find('\n', start);
-    if (end == std::string::npos) end = text.size();
-    lines.push_back(text.substr(start, end - start));
-    start = end + 1;
-  }
-  return lines;
-}
-
-std::vector<std::vector<Variant>> ReadRows(const std::string& path, const std::string& table) {
-  Database db;
-  db.Open(path);
-  Recordset rs = db.OpenTable(table);
-  std::vector<std::vector<Variant>> rows;
-  while (!rs.IsEOF()) {
-    std::vector<Variant> row;
-    for (int i = 0; i < rs.GetFieldCount(); ++i) row.push_back(rs.GetFieldValue(i));
-    rows.push_back(std::move(row));
-    rs.MoveNext();
-  }
-  return rows;
-}
+using namespace writer_check;
 
 // The root page of a table's physical index, read from its definition
 // (single-page definitions).
@@ -96,10 +40,6 @@ std::uint32_t IndexRoot(const std::vector<std::uint8_t>& file, std::uint32_t tde
   return internal::LoadU32(t + pos + format::kRealIndexFirstPageOffset);
 }
 
-std::vector<std::uint8_t> FileBytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 class JetWriterTest : public test::TempEnvTest {};
 

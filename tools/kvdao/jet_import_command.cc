@@ -1,7 +1,9 @@
 // kvdao jet import FILE TABLE DATA.csv [--types COLUMN:TYPE,...]
-// [--primary-key COLUMN]: creates a Jet 4 database with one table filled
-// from a CSV file (header line, UTF-8). Column types are inferred unless
-// given; --primary-key adds the unique index "PrimaryKey" on one column.
+// [--primary-key COLUMN]: adds a table filled from a CSV file (header line,
+// UTF-8) to a Jet 4 database, creating the database when it does not exist.
+// Column types are inferred unless given; --primary-key adds the unique
+// index "PrimaryKey" on one column. A table that exists is refused and the
+// file is left as it was; so is a file whose import fails half-way.
 // Progress goes to standard error for long imports.
 
 #include <sys/stat.h>
@@ -46,11 +48,7 @@ int RunJetImport(CommandContext& context) {
   const std::string& path = context.args[0];
   const std::string table_name = Cp1252(context.args[1]);
   struct stat existing {};
-  if (::stat(path.c_str(), &existing) == 0) {
-    context.err << "kvdao jet import: " << path
-                << " exists; adding tables to an existing database is not supported yet\n";
-    return kExitFailure;
-  }
+  const bool add_to_existing = ::stat(path.c_str(), &existing) == 0;
   std::string text;
   if (!platform::ReadFileContents(context.args[2], text)) {
     context.err << "kvdao jet import: cannot read " << context.args[2] << "\n";
@@ -89,7 +87,12 @@ int RunJetImport(CommandContext& context) {
       key.primary = key.unique = key.required = true;
       def.CreateIndex(key);
     }
-    jet::Database db = jet::Database::Create(path);
+    jet::Database db;
+    if (add_to_existing) {
+      db.Open(path, false, false);
+    } else {
+      db = jet::Database::Create(path);
+    }
     db.Append(def);
     jet::Recordset rs = db.OpenTable(table_name);
     const bool progress = ::isatty(STDERR_FILENO) != 0 && csv.row_count() >= kProgressRows;

@@ -1,10 +1,14 @@
 #pragma once
 
-// kvdao::jet::Database: a Jet database file. Opened, it is read (Jet 3 or
-// Jet 4): its tables, their definitions, and recordsets over them. Created
-// (Database::Create), it is a new Jet 4 database being written: tables are
-// appended and filled through table-type recordsets, and the file appears
-// at its path, complete, when the database is closed.
+// kvdao::jet::Database: a Jet database file. Opened read-only, it is read
+// (Jet 3 or Jet 4): its tables, their definitions, and recordsets over
+// them. Created (Database::Create), it is a new Jet 4 database being
+// written; opened for writing, an existing Jet 4 database being changed.
+// Either way tables are appended and filled through table-type recordsets,
+// the changes are made on a copy beside the path, and the copy replaces the
+// file, complete, when the database is closed. A database being written
+// that is destroyed by an exception unwinding past it leaves the path as it
+// was.
 
 #include <cstdint>
 #include <memory>
@@ -43,10 +47,14 @@ class Database {
   Database(Database&&) noexcept;
   Database& operator=(Database&&) noexcept;
 
-  // Opens a Jet file. The connect string must be empty (a Jet file); only
-  // read-only access exists, so read_only = false is accepted and reading
-  // still never changes the file. A DaoException when the file is missing,
-  // not a Jet database, or damaged.
+  // Opens a Jet file. The connect string must be empty (a Jet file). A
+  // DaoException when the file is missing, not a Jet database, or damaged.
+  // With read_only = false the database is opened for writing: tables can
+  // be appended and rows added to existing tables, and Close puts the
+  // changed file in place. A Jet 3 file, or one with a password,
+  // encryption, another code page than 1252 or another sort order than
+  // General, is refused for writing (a DaoException; it can still be opened
+  // read-only).
   void Open(const std::string& path, bool exclusive = false, bool read_only = true,
             const std::string& connect = std::string());
   // Opens a database image held in memory (the caller keeps the bytes alive
@@ -60,8 +68,10 @@ class Database {
   static Database Create(const std::string& path, const std::string& locale = dbLangGeneral, int options = 0);
 
   // Finishes a database being written (its file appears at its path; a
-  // DaoException when that fails) and releases the database. The destructor
-  // closes too, ignoring failures.
+  // DaoException when that fails, and the path then keeps what it had) and
+  // releases the database. The destructor closes too, ignoring failures,
+  // except while an exception unwinds past it: then the changes of a
+  // database being written are discarded.
   void Close();
   bool IsOpen() const noexcept;
   // True for a database being written.
@@ -73,7 +83,8 @@ class Database {
   // DAO's TableDefs.Append: creates the table in a database being written.
   // A DaoException, saying what is wrong, when Jet would refuse the
   // definition (duplicate or invalid names, a Text size above 255, more than
-  // 255 fields, an index on a missing field ...).
+  // 255 fields, an index on a missing field ...) or a table or query of
+  // that name exists.
   void Append(const TableDef& def);
 
   const DatabaseInfo& Info() const;
@@ -84,7 +95,9 @@ class Database {
   TableDef GetTableDef(std::string_view table) const;
 
   // A table-type recordset on a table. On a database being written it adds
-  // records (AddNew, SetFieldValue, Update) and reads none.
+  // records (AddNew, SetFieldValue, Update) and reads none; a table of an
+  // opened file that cannot be appended to safely (see docs/jet-writer.md)
+  // raises a DaoException.
   Recordset OpenTable(std::string_view table) const;
   // A recordset on "SELECT * FROM <table>" or
   // "SELECT * FROM <table> ORDER BY <field>" (names may be in [brackets]);
@@ -95,6 +108,7 @@ class Database {
  private:
   std::shared_ptr<internal::DatabaseFile> file_;
   std::shared_ptr<internal::DatabaseWriter> writer_;
+  int exceptions_at_start_ = 0;  // std::uncaught_exceptions() when writing began
 };
 
 }  // namespace kvdao::jet
