@@ -66,7 +66,7 @@ std::unique_ptr<DatabaseWriter> DatabaseWriter::Create(const std::string& path, 
     if (i == 0) db->global_map_row_ = pointer;
   }
 
-  std::vector<TableSpec> system = SystemTableSpecs();
+  std::vector<TableLayout> system = SystemTableLayouts();
   std::vector<std::uint32_t> tdef_pages;
   for (std::size_t i = 0; i < system.size(); ++i) tdef_pages.push_back(file.AllocatePage(0));
   db->map_rows_ = std::make_unique<DataPageWriter>(file, 0, 0);
@@ -183,14 +183,14 @@ TableWriter* DatabaseWriter::FindTable(std::string_view name) {
 }
 
 TableDef DatabaseWriter::Describe(std::string_view name) {
-  if (TableWriter* table = Loaded(name)) return DescribeSpec(table->spec());
+  if (TableWriter* table = Loaded(name)) return DescribeLayout(table->spec());
   if (!original_) throw DaoException("Item not found in this collection: no table '" + std::string(name) + "'.");
   return original_->Table(name)->def;
 }
 
 TableWriter& DatabaseWriter::CreateTable(const TableDef& def) {
   if (closed_) throw DaoException("Object invalid or no longer set: the database is closed.");
-  TableSpec spec = SpecFromTableDef(def);
+  TableLayout spec = LayoutFromTableDef(def);
   if (HasTable(spec.name)) throw DaoException("Table '" + spec.name + "' already exists.");
   TableWriter& catalog = SystemTable("MSysObjects");
   TableWriter& permissions = SystemTable("MSysACEs");

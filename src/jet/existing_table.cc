@@ -15,15 +15,15 @@ std::vector<std::uint32_t> MapPages(const PageSource& pages, std::uint32_t row_p
   return ReadUsageMap(pages, row_pointer);
 }
 
-TableSpec SpecFromDefinition(const CatalogEntry& entry, const OpenTable& opened) {
+TableLayout LayoutFromDefinition(const CatalogEntry& entry, const OpenTable& opened) {
   const TableDefinition& definition = opened.definition;
-  TableSpec spec;
+  TableLayout spec;
   spec.name = entry.name;
   spec.system = entry.IsSystem();
   std::vector<std::uint16_t> var_indexes;
   for (std::size_t i = 0; i < definition.columns.size(); ++i) {
     const ColumnDef& stored = definition.columns[i];
-    ColumnSpec column;
+    ColumnLayout column;
     column.name = stored.name;
     column.type = stored.type;
     column.number = stored.number;
@@ -51,7 +51,7 @@ TableSpec SpecFromDefinition(const CatalogEntry& entry, const OpenTable& opened)
     }
   }
   for (const RealIndexDef& stored : definition.real_indexes) {
-    RealIndexSpec real;
+    RealIndexLayout real;
     for (const RealIndexDef::Key& key : stored.keys) real.keys.push_back({key.column_number, key.ascending});
     real.flags = stored.flags;
     spec.real_indexes.push_back(std::move(real));
@@ -70,9 +70,9 @@ std::unique_ptr<ExistingTable> LoadExistingTable(DatabaseFile& file, const Catal
   std::shared_ptr<const OpenTable> opened = file.Table(entry.name);
   auto table = std::make_unique<ExistingTable>();
   table->definition = opened->definition;
-  table->spec = SpecFromDefinition(entry, *opened);
+  table->spec = LayoutFromDefinition(entry, *opened);
   const TableDefinition& definition = table->definition;
-  const TableSpec& spec = table->spec;
+  const TableLayout& spec = table->spec;
   TablePointers& pointers = table->pointers;
 
   pointers.row_count = definition.row_count;
@@ -80,7 +80,7 @@ std::unique_ptr<ExistingTable> LoadExistingTable(DatabaseFile& file, const Catal
   pointers.free_map = definition.free_space_pages;
   table->owned_pages = MapPages(pages, definition.owned_pages);
   table->free_space_pages = MapPages(pages, definition.free_space_pages);
-  for (const ColumnSpec& column : spec.columns) {
+  for (const ColumnLayout& column : spec.columns) {
     if (!column.long_value()) continue;
     TablePointers::LongValues maps;
     for (const LongValueMapsDef& stored : definition.long_value_maps) {
@@ -95,13 +95,13 @@ std::unique_ptr<ExistingTable> LoadExistingTable(DatabaseFile& file, const Catal
     const RealIndexDef& stored = definition.real_indexes[i];
     pointers.indexes.push_back({stored.usage_map, stored.first_page, stored.distinct_keys});
     const bool encodable = std::all_of(stored.keys.begin(), stored.keys.end(), [&](const RealIndexDef::Key& key) {
-      return std::any_of(spec.columns.begin(), spec.columns.end(), [&](const ColumnSpec& column) {
+      return std::any_of(spec.columns.begin(), spec.columns.end(), [&](const ColumnLayout& column) {
         return column.number == key.column_number && IndexKeyTypeEncodable(column.type);
       });
     });
     if (!encodable) {
       std::string name;
-      for (const LogicalIndexSpec& logical : spec.indexes) {
+      for (const LogicalIndexLayout& logical : spec.indexes) {
         if (logical.real == i) name = logical.name;
       }
       throw DaoException("Table '" + entry.name + "' cannot be appended to: its index '" + name +

@@ -1,7 +1,7 @@
 #pragma once
 
 // ExistingTable: what a writer needs to add rows to a table that is already
-// in a file. The table is laid out as a TableSpec taken from its stored
+// in a file. The table is laid out as a TableLayout taken from its stored
 // definition, so new rows are encoded exactly as the file lays its rows
 // out; with it come the pages its usage maps name now, the data page that
 // can take more rows, and the entries of every index whose keys can be
@@ -15,13 +15,13 @@
 
 #include "database_file.h"
 #include "index_builder.h"
-#include "table_spec.h"
+#include "table_layout.h"
 #include "tdef_writer.h"
 
 namespace kvdao::jet::internal {
 
 struct ExistingTable {
-  TableSpec spec;
+  TableLayout spec;
   TableDefinition definition;
   TablePointers pointers;
   std::vector<std::uint32_t> owned_pages;       // what the owned-pages map lists

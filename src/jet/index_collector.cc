@@ -13,7 +13,7 @@ namespace {
 
 // The staged value of a fixed-length column as the Variant type the key
 // encoder takes.
-Variant StagedValue(const ColumnSpec& column, const RowBuilder& row, std::size_t index) {
+Variant StagedValue(const ColumnLayout& column, const RowBuilder& row, std::size_t index) {
   if (column.type == format::kBoolean) {
     return Variant(static_cast<short>(row.IsNull(index) ? VARIANT_FALSE : VARIANT_TRUE), VT_BOOL);
   }
@@ -49,15 +49,15 @@ bool IndexKeyTypeEncodable(std::uint8_t column_type) noexcept {
   }
 }
 
-IndexCollector::IndexCollector(const TableSpec& spec, std::size_t real_index)
+IndexCollector::IndexCollector(const TableLayout& spec, std::size_t real_index)
     : spec_(spec), index_(spec.real_indexes[real_index]) {
-  for (const LogicalIndexSpec& logical : spec.indexes) {
+  for (const LogicalIndexLayout& logical : spec.indexes) {
     if (logical.real == real_index) {
       index_name_ = logical.name;
       break;
     }
   }
-  for (const RealIndexSpec::Key& key : index_.keys) {
+  for (const RealIndexLayout::Key& key : index_.keys) {
     for (std::size_t i = 0; i < spec.columns.size(); ++i) {
       if (spec.columns[i].number != key.column_number) continue;
       key_columns_.push_back(i);
@@ -92,7 +92,7 @@ bool IndexCollector::Unique() const noexcept { return (index_.flags & format::kI
 void IndexCollector::Check(const RowBuilder& row) {
   bool any_null = false;
   for (std::size_t k = 0; k < key_columns_.size(); ++k) {
-    const ColumnSpec& column = spec_.columns[key_columns_[k]];
+    const ColumnLayout& column = spec_.columns[key_columns_[k]];
     values_[k] = StagedValue(column, row, key_columns_[k]);
     any_null = any_null || values_[k].IsEmptyOrNull();
   }

@@ -23,7 +23,7 @@
 #include "index_key.h"
 #include "page_writer.h"
 #include "row_builder.h"
-#include "table_spec.h"
+#include "table_layout.h"
 
 namespace kvdao::jet::internal {
 
@@ -34,7 +34,7 @@ bool IndexKeyTypeEncodable(std::uint8_t column_type) noexcept;
 
 class IndexCollector {
  public:
-  IndexCollector(const TableSpec& spec, std::size_t real_index);
+  IndexCollector(const TableLayout& spec, std::size_t real_index);
 
   // Starts from the entries an index already holds (in index order), so
   // new keys are checked against them and Build writes them all.
@@ -70,8 +70,8 @@ class IndexCollector {
   void StartLookup();
   void Remember(std::uint32_t entry);
 
-  const TableSpec& spec_;
-  const RealIndexSpec& index_;
+  const TableLayout& spec_;
+  const RealIndexLayout& index_;
   std::string index_name_;
   std::vector<std::size_t> key_columns_;  // indexes into spec.columns
   std::vector<IndexKeyColumn> key_types_;

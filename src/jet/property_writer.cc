@@ -40,9 +40,9 @@ void BooleanValue(ByteBuffer& out, NameIndex name) {
 
 }  // namespace
 
-std::vector<std::uint8_t> EncodeColumnProperties(const TableSpec& spec) {
+std::vector<std::uint8_t> EncodeColumnProperties(const TableLayout& spec) {
   bool any = false;
-  for (const ColumnSpec& column : spec.columns) any = any || column.required || column.allow_zero_length;
+  for (const ColumnLayout& column : spec.columns) any = any || column.required || column.allow_zero_length;
   if (!any) return {};
   ByteBuffer out;
   out.U32(0x0032524D);  // "MR2\0"
@@ -53,7 +53,7 @@ std::vector<std::uint8_t> EncodeColumnProperties(const TableSpec& spec) {
   std::size_t table = BeginChunk(out, kChunkTable);
   ObjectHeader(out, "");
   EndChunk(out, table);
-  for (const ColumnSpec& column : spec.columns) {
+  for (const ColumnLayout& column : spec.columns) {
     if (!column.required && !column.allow_zero_length) continue;
     std::size_t chunk = BeginChunk(out, kChunkColumn);
     ObjectHeader(out, column.name);

@@ -9,11 +9,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "table_spec.h"
+#include "table_layout.h"
 
 namespace kvdao::jet::internal {
 
 // Empty when no column has a property to keep.
-std::vector<std::uint8_t> EncodeColumnProperties(const TableSpec& spec);
+std::vector<std::uint8_t> EncodeColumnProperties(const TableLayout& spec);
 
 }  // namespace kvdao::jet::internal

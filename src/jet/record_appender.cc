@@ -6,12 +6,12 @@
 
 namespace kvdao::jet::internal {
 
-TableDef DescribeSpec(const TableSpec& spec) {
+TableDef DescribeLayout(const TableLayout& spec) {
   TableDef def;
   def.name = spec.name;
   def.system = spec.system;
   for (std::size_t i = 0; i < spec.columns.size(); ++i) {
-    const ColumnSpec& column = spec.columns[i];
+    const ColumnLayout& column = spec.columns[i];
     FieldInfo field;
     field.name = column.name;
     field.type = DaoType(column.type);
@@ -22,12 +22,12 @@ TableDef DescribeSpec(const TableSpec& spec) {
     field.allow_zero_length = column.allow_zero_length;
     def.fields.push_back(std::move(field));
   }
-  for (const LogicalIndexSpec& logical : spec.indexes) {
-    const RealIndexSpec& real = spec.real_indexes[logical.real];
+  for (const LogicalIndexLayout& logical : spec.indexes) {
+    const RealIndexLayout& real = spec.real_indexes[logical.real];
     IndexInfo index;
     index.name = logical.name;
-    for (const RealIndexSpec::Key& key : real.keys) {
-      for (const ColumnSpec& column : spec.columns) {
+    for (const RealIndexLayout::Key& key : real.keys) {
+      for (const ColumnLayout& column : spec.columns) {
         if (column.number == key.column_number) index.fields.push_back({column.name, !key.ascending});
       }
     }
@@ -42,7 +42,7 @@ TableDef DescribeSpec(const TableSpec& spec) {
 }
 
 RecordAppender::RecordAppender(std::shared_ptr<DatabaseWriter> writer, TableWriter& table)
-    : writer_(std::move(writer)), table_(table), def_(DescribeSpec(table.spec())) {}
+    : writer_(std::move(writer)), table_(table), def_(DescribeLayout(table.spec())) {}
 
 TableWriter& RecordAppender::table() {
   if (writer_->closed()) throw DaoException("Object invalid or no longer set: the database is closed.");

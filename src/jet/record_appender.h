@@ -31,6 +31,6 @@ class RecordAppender {
 };
 
 // The DAO-shaped description of a table being written.
-TableDef DescribeSpec(const TableSpec& spec);
+TableDef DescribeLayout(const TableLayout& spec);
 
 }  // namespace kvdao::jet::internal

@@ -8,8 +8,8 @@
 
 namespace kvdao::jet::internal {
 
-RowBuilder::RowBuilder(const TableSpec& spec) : spec_(spec) {
-  for (const ColumnSpec& column : spec.columns) {
+RowBuilder::RowBuilder(const TableLayout& spec) : spec_(spec) {
+  for (const ColumnLayout& column : spec.columns) {
     column_count_ = std::max<std::uint16_t>(column_count_, column.number + 1);
   }
   fixed_size_ = spec.FixedSize();
@@ -32,14 +32,14 @@ void RowBuilder::Clear() noexcept {
 }
 
 void RowBuilder::SetNull(std::size_t column) noexcept {
-  const ColumnSpec& spec = spec_.columns[column];
+  const ColumnLayout& spec = spec_.columns[column];
   present_[column] = false;
   boolean_[column] = false;
   if (spec.fixed()) std::memset(&fixed_[spec.fixed_offset], 0, FixedTypeSize(spec.type));
 }
 
 void RowBuilder::SetFixed(std::size_t column, const std::uint8_t* bytes) noexcept {
-  const ColumnSpec& spec = spec_.columns[column];
+  const ColumnLayout& spec = spec_.columns[column];
   std::memcpy(&fixed_[spec.fixed_offset], bytes, FixedTypeSize(spec.type));
   present_[column] = true;
 }
@@ -56,7 +56,7 @@ std::string& RowBuilder::Variable(std::size_t column) {
 }
 
 std::span<const std::uint8_t> RowBuilder::Bytes(std::size_t column) const noexcept {
-  const ColumnSpec& spec = spec_.columns[column];
+  const ColumnLayout& spec = spec_.columns[column];
   if (spec.fixed()) return {fixed_.data() + spec.fixed_offset, FixedTypeSize(spec.type)};
   const std::string& text = variable_[column];
   return {reinterpret_cast<const std::uint8_t*>(text.data()), present_[column] ? text.size() : 0};
@@ -104,7 +104,7 @@ void RowBuilder::Encode(std::uint8_t* out) const noexcept {
   std::size_t mask_size = (column_count_ + 7) / 8;
   std::memset(p, 0, mask_size);
   for (std::size_t i = 0; i < spec_.columns.size(); ++i) {
-    const ColumnSpec& column = spec_.columns[i];
+    const ColumnLayout& column = spec_.columns[i];
     bool bit = column.type == format::kBoolean ? boolean_[i] : present_[i];
     if (bit) p[column.number / 8] = static_cast<std::uint8_t>(p[column.number / 8] | (1u << (column.number % 8)));
   }

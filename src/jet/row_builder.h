@@ -12,13 +12,13 @@
 #include <string>
 #include <vector>
 
-#include "table_spec.h"
+#include "table_layout.h"
 
 namespace kvdao::jet::internal {
 
 class RowBuilder {
  public:
-  explicit RowBuilder(const TableSpec& spec);
+  explicit RowBuilder(const TableLayout& spec);
 
   // Every column null (booleans false).
   void Clear() noexcept;
@@ -39,7 +39,7 @@ class RowBuilder {
   void Encode(std::uint8_t* out) const noexcept;
 
  private:
-  const TableSpec& spec_;
+  const TableLayout& spec_;
   std::uint16_t column_count_ = 0;  // highest column number + 1
   std::uint16_t fixed_size_ = 0;
   std::vector<std::uint8_t> fixed_;

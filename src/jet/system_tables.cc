@@ -20,12 +20,12 @@ struct Column {
   std::uint16_t length;
 };
 
-TableSpec Make(const char* name, std::initializer_list<Column> columns) {
-  TableSpec spec;
+TableLayout Make(const char* name, std::initializer_list<Column> columns) {
+  TableLayout spec;
   spec.name = name;
   spec.system = true;
   for (const Column& c : columns) {
-    ColumnSpec column;
+    ColumnLayout column;
     column.name = c.name;
     column.type = c.type;
     column.number = c.number;
@@ -39,7 +39,7 @@ TableSpec Make(const char* name, std::initializer_list<Column> columns) {
   return spec;
 }
 
-void AddIndex(TableSpec& spec, const char* name, std::uint32_t number, std::uint32_t real, std::uint8_t type) {
+void AddIndex(TableLayout& spec, const char* name, std::uint32_t number, std::uint32_t real, std::uint8_t type) {
   spec.indexes.push_back({name, number, real, type});
 }
 
@@ -83,11 +83,11 @@ void PermissionRow(TableWriter& permissions, std::uint32_t object, std::uint32_t
 
 }  // namespace
 
-std::vector<TableSpec> SystemTableSpecs() {
+std::vector<TableLayout> SystemTableLayouts() {
   using namespace format;
-  std::vector<TableSpec> specs;
+  std::vector<TableLayout> specs;
   // Entries in name order, as the engine writes them; numbers give the row layout.
-  TableSpec objects = Make("MSysObjects", {
+  TableLayout objects = Make("MSysObjects", {
       {"Connect", kMemo, 9, kSysVariable, 0},
       {"Database", kMemo, 8, kSysVariable, 0},
       {"DateCreate", kDateTime, 4, kSysFixed, 8},
@@ -112,7 +112,7 @@ std::vector<TableSpec> SystemTableSpecs() {
   AddIndex(objects, "ParentIdName", 0, 0, 0);
   specs.push_back(std::move(objects));
 
-  TableSpec aces = Make("MSysACEs", {
+  TableLayout aces = Make("MSysACEs", {
       {"ACM", kLong, 2, kSysFixed, 4},
       {"FInheritable", kBoolean, 3, kSysFixed, 1},
       {"ObjectId", kLong, 0, kSysFixed, 4},
@@ -122,7 +122,7 @@ std::vector<TableSpec> SystemTableSpecs() {
   AddIndex(aces, "ObjectId", 0, 0, 0);
   specs.push_back(std::move(aces));
 
-  TableSpec queries = Make("MSysQueries", {
+  TableLayout queries = Make("MSysQueries", {
       {"Attribute", kByte, 1, kSysFixed, 1},
       {"Expression", kMemo, 5, kSysVariable, 0},
       {"Flag", kInteger, 6, kSysFixed, 2},
@@ -136,7 +136,7 @@ std::vector<TableSpec> SystemTableSpecs() {
   AddIndex(queries, "ObjectIdAttribute", 0, 0, kIndexTypePrimary);
   specs.push_back(std::move(queries));
 
-  TableSpec relationships = Make("MSysRelationships", {
+  TableLayout relationships = Make("MSysRelationships", {
       {"ccolumn", kLong, 2, kSysFixed, 4},
       {"grbit", kLong, 1, kSysFixed, 4},
       {"icolumn", kLong, 3, kSysFixed, 4},

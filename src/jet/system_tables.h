@@ -10,13 +10,13 @@
 #include <vector>
 
 #include "table_grants.h"
-#include "table_spec.h"
+#include "table_layout.h"
 #include "table_writer.h"
 
 namespace kvdao::jet::internal {
 
 // The four system tables in the order of their definition pages (2 to 5).
-std::vector<TableSpec> SystemTableSpecs();
+std::vector<TableLayout> SystemTableLayouts();
 
 // Catalog rows of a new database (containers, the database object and the
 // four system tables), given the system tables' definition pages.

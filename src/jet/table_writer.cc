@@ -30,7 +30,7 @@ std::vector<std::uint32_t> Sorted(std::vector<std::uint32_t> pages) {
 
 }  // namespace
 
-TableWriter::TableWriter(PageFile& file, DataPageWriter& map_rows, TableSpec spec, std::uint32_t tdef_page)
+TableWriter::TableWriter(PageFile& file, DataPageWriter& map_rows, TableLayout spec, std::uint32_t tdef_page)
     : file_(file),
       spec_(std::move(spec)),
       tdef_page_(tdef_page),
@@ -128,7 +128,7 @@ void TableWriter::SetValue(std::size_t column, const Variant& value) {
 
 void TableWriter::CheckFieldRules() const {
   for (std::size_t i = 0; i < spec_.columns.size(); ++i) {
-    const ColumnSpec& column = spec_.columns[i];
+    const ColumnLayout& column = spec_.columns[i];
     if (column.type == format::kBoolean) continue;
     if (row_.IsNull(i)) {
       if (column.required) {

@@ -24,7 +24,7 @@
 #include "kvdao/platform/variant.h"
 #include "page_file.h"
 #include "row_builder.h"
-#include "table_spec.h"
+#include "table_layout.h"
 #include "tdef_writer.h"
 
 namespace kvdao::jet::internal {
@@ -33,14 +33,14 @@ class TableWriter {
  public:
   // tdef_page: the table's (already taken) definition page; map_rows: where
   // the table's usage-map rows are added.
-  TableWriter(PageFile& file, DataPageWriter& map_rows, TableSpec spec, std::uint32_t tdef_page);
+  TableWriter(PageFile& file, DataPageWriter& map_rows, TableLayout spec, std::uint32_t tdef_page);
   // Continues a table that is in the file.
   TableWriter(PageFile& file, std::unique_ptr<ExistingTable> existing);
   ~TableWriter();
   TableWriter(const TableWriter&) = delete;
   TableWriter& operator=(const TableWriter&) = delete;
 
-  const TableSpec& spec() const noexcept { return spec_; }
+  const TableLayout& spec() const noexcept { return spec_; }
   std::uint32_t tdef_page() const noexcept { return tdef_page_; }
   std::uint32_t row_count() const noexcept { return pointers_.row_count; }
   // Position of a column in spec().columns (case-insensitive), or -1.
@@ -68,7 +68,7 @@ class TableWriter {
   static void RowPageFull(void* self, std::uint32_t page);
 
   PageFile& file_;
-  TableSpec spec_;
+  TableLayout spec_;
   std::uint32_t tdef_page_;
   TablePointers pointers_;
   DataPageWriter rows_;

@@ -9,7 +9,7 @@
 
 namespace kvdao::jet::internal {
 
-std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const TablePointers& pointers) {
+std::vector<std::uint8_t> EncodeTableDefinition(const TableLayout& spec, const TablePointers& pointers) {
   const format::Layout& layout = format::kJet4;
   ByteBuffer out;
   out.Zeros(static_cast<std::size_t>(layout.tdef_header_size));
@@ -22,7 +22,7 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
   h[layout.tdef_table_type_offset] = spec.system ? format::kTableSystem : format::kTableUser;
   std::uint16_t column_count = static_cast<std::uint16_t>(spec.columns.size());
   std::uint16_t max_columns = 0;
-  for (const ColumnSpec& column : spec.columns) max_columns = std::max<std::uint16_t>(max_columns, column.number + 1);
+  for (const ColumnLayout& column : spec.columns) max_columns = std::max<std::uint16_t>(max_columns, column.number + 1);
   StoreU16(h + layout.tdef_max_columns_offset, max_columns);
   StoreU16(h + layout.tdef_var_columns_offset, spec.VariableCount());
   StoreU16(h + layout.tdef_columns_offset, column_count);
@@ -36,7 +36,7 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
     out.U32(i < pointers.indexes.size() ? pointers.indexes[i].distinct_keys : 0);
     out.U32(0);
   }
-  for (const ColumnSpec& column : spec.columns) {
+  for (const ColumnLayout& column : spec.columns) {
     std::size_t at = out.size();
     out.Zeros(static_cast<std::size_t>(layout.column_entry_size));
     std::uint8_t* e = out.bytes().data() + at;
@@ -51,9 +51,9 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
     StoreU16(e + layout.column_fixed_offset_offset, column.fixed_offset);
     StoreU16(e + layout.column_length_offset, column.length);
   }
-  for (const ColumnSpec& column : spec.columns) out.Name(column.name);
+  for (const ColumnLayout& column : spec.columns) out.Name(column.name);
   for (std::size_t i = 0; i < spec.real_indexes.size(); ++i) {
-    const RealIndexSpec& real = spec.real_indexes[i];
+    const RealIndexLayout& real = spec.real_indexes[i];
     std::size_t at = out.size();
     out.Zeros(static_cast<std::size_t>(layout.real_index_entry_size));
     std::uint8_t* e = out.bytes().data() + at;
@@ -73,7 +73,7 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
     StoreU32(e + format::kRealIndexFirstPageOffset, where.root_page);
     e[format::kRealIndexFlagsOffset] = real.flags;
   }
-  for (const LogicalIndexSpec& index : spec.indexes) {
+  for (const LogicalIndexLayout& index : spec.indexes) {
     std::size_t at = out.size();
     out.Zeros(static_cast<std::size_t>(layout.logical_index_entry_size));
     std::uint8_t* e = out.bytes().data() + at;
@@ -85,9 +85,9 @@ std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const Tab
     e[format::kLogicalIndexCascadeOffset + 1] = 0x04;
     e[format::kLogicalIndexTypeOffset] = index.type;
   }
-  for (const LogicalIndexSpec& index : spec.indexes) out.Name(index.name);
+  for (const LogicalIndexLayout& index : spec.indexes) out.Name(index.name);
   std::size_t long_value = 0;
-  for (const ColumnSpec& column : spec.columns) {
+  for (const ColumnLayout& column : spec.columns) {
     if (!column.long_value() || long_value >= pointers.long_values.size()) continue;
     out.U16(column.number);
     out.U32(pointers.long_values[long_value].owned_map);

@@ -1,6 +1,6 @@
 #pragma once
 
-// Writing table definitions: the bytes of a Jet 4 TDEF from a TableSpec and
+// Writing table definitions: the bytes of a Jet 4 TDEF from a TableLayout and
 // the pointers that tie the table to its pages, and placing those bytes on
 // one or more chained TDEF pages.
 
@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "page_writer.h"
-#include "table_spec.h"
+#include "table_layout.h"
 
 namespace kvdao::jet::internal {
 
@@ -30,7 +30,7 @@ struct TablePointers {
   std::vector<LongValues> long_values;  // one per Memo/OLE column, in entry order
 };
 
-std::vector<std::uint8_t> EncodeTableDefinition(const TableSpec& spec, const TablePointers& pointers);
+std::vector<std::uint8_t> EncodeTableDefinition(const TableLayout& spec, const TablePointers& pointers);
 
 // Writes the definition starting on first_page, taking continuation pages
 // from the writer (owned by the table) when it does not fit; continuation

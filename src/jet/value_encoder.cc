@@ -11,12 +11,12 @@
 namespace kvdao::jet::internal {
 namespace {
 
-[[noreturn]] void ThrowConversion(const ColumnSpec& column, const Variant& value) {
+[[noreturn]] void ThrowConversion(const ColumnLayout& column, const Variant& value) {
   throw DaoException("Data type conversion error: field '" + column.name + "' cannot hold a value of variant type " +
                      std::to_string(value.vt()) + ".");
 }
 
-[[noreturn]] void ThrowOverflow(const ColumnSpec& column) {
+[[noreturn]] void ThrowOverflow(const ColumnLayout& column) {
   throw DaoException("Overflow: the value is out of range for field '" + column.name + "'.");
 }
 
@@ -51,7 +51,7 @@ bool AsDouble(const Variant& value, double& out) {
 }
 
 template <typename Int>
-void StageInteger(const ColumnSpec& column, std::size_t index, double number, RowBuilder& row) {
+void StageInteger(const ColumnLayout& column, std::size_t index, double number, RowBuilder& row) {
   double rounded = std::nearbyint(number);
   if (!(rounded >= static_cast<double>(std::numeric_limits<Int>::min()) &&
         rounded <= static_cast<double>(std::numeric_limits<Int>::max()))) {
@@ -65,7 +65,7 @@ void StageInteger(const ColumnSpec& column, std::size_t index, double number, Ro
   row.SetFixed(index, bytes);
 }
 
-void StageText(const ColumnSpec& column, std::size_t index, const Variant& value, RowBuilder& row) {
+void StageText(const ColumnLayout& column, std::size_t index, const Variant& value, RowBuilder& row) {
   std::string_view text;
   char number[32];
   if (value.vt() == VT_BSTR) {
@@ -86,7 +86,7 @@ void StageText(const ColumnSpec& column, std::size_t index, const Variant& value
 
 }  // namespace
 
-void StageValue(const ColumnSpec& column, std::size_t index, const Variant& value, RowBuilder& row) {
+void StageValue(const ColumnLayout& column, std::size_t index, const Variant& value, RowBuilder& row) {
   if (value.IsEmptyOrNull()) {
     row.SetNull(index);
     return;

@@ -16,6 +16,6 @@ namespace kvdao::jet::internal {
 // Stages value for column (an index into spec.columns) in row. Memo values
 // are staged as their text bytes; the table writer turns them into long
 // values. DaoException naming the field when the value does not fit.
-void StageValue(const ColumnSpec& column, std::size_t index, const Variant& value, RowBuilder& row);
+void StageValue(const ColumnLayout& column, std::size_t index, const Variant& value, RowBuilder& row);
 
 }  // namespace kvdao::jet::internal

@@ -17,7 +17,7 @@
 #include "kvdao/jet/dao_exception.h"
 #include "kvdao/jet/tabledef.h"
 #include "row_builder.h"
-#include "table_spec.h"
+#include "table_layout.h"
 #include "value_encoder.h"
 
 namespace kvdao::jet::internal {
@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::uint32_t kTdefPage = 9;
 
-TableSpec Spec(bool unique, bool ignore_nulls) {
+TableLayout Spec(bool unique, bool ignore_nulls) {
   TableDef def;
   def.name = "T";
   FieldInfo k;
@@ -45,7 +45,7 @@ TableSpec Spec(bool unique, bool ignore_nulls) {
   index.unique = unique;
   index.ignore_nulls = ignore_nulls;
   def.CreateIndex(index);
-  return SpecFromTableDef(def);
+  return LayoutFromTableDef(def);
 }
 
 // Adds a row (K, S), a null for nullopt; false when the collector refuses it.
@@ -81,7 +81,7 @@ class Rows {
   }
 
  private:
-  TableSpec spec_;
+  TableLayout spec_;
   RowBuilder row_;
   IndexCollector collector_;
   std::uint32_t added_ = 0;

@@ -1,6 +1,6 @@
 #pragma once
 
-// TableSpec: a table as the writer lays it out in Jet 4 — every column with
+// TableLayout: a table as the writer lays it out in Jet 4 — every column with
 // its number, place in the row and stored length, and the physical and
 // logical indexes. Built from a DAO-shaped TableDef (checking it the way
 // Jet would) or, for the system tables, from the engine's own layouts.
@@ -14,7 +14,7 @@
 
 namespace kvdao::jet::internal {
 
-struct ColumnSpec {
+struct ColumnLayout {
   std::string name;  // code page 1252
   std::uint8_t type = 0;
   std::uint16_t number = 0;     // bit in the null mask; order in the row
@@ -33,7 +33,7 @@ struct ColumnSpec {
   bool compressible() const noexcept { return (ext_flags & format::kColumnCompressedUnicode) != 0; }
 };
 
-struct RealIndexSpec {
+struct RealIndexLayout {
   struct Key {
     std::uint16_t column_number;
     bool ascending;
@@ -42,19 +42,19 @@ struct RealIndexSpec {
   std::uint8_t flags = format::kIndexFlagsAlways;
 };
 
-struct LogicalIndexSpec {
+struct LogicalIndexLayout {
   std::string name;
   std::uint32_t number = 0;
   std::uint32_t real = 0;
   std::uint8_t type = 0;  // 0, or primary / foreign
 };
 
-struct TableSpec {
+struct TableLayout {
   std::string name;
   bool system = false;
-  std::vector<ColumnSpec> columns;  // in the order their entries are written
-  std::vector<RealIndexSpec> real_indexes;
-  std::vector<LogicalIndexSpec> indexes;  // in the order their entries are written
+  std::vector<ColumnLayout> columns;  // in the order their entries are written
+  std::vector<RealIndexLayout> real_indexes;
+  std::vector<LogicalIndexLayout> indexes;  // in the order their entries are written
 
   std::uint16_t VariableCount() const noexcept;
   // Bytes of the fixed area of a row.
@@ -66,7 +66,7 @@ struct TableSpec {
 // Checks a DAO table description the way Jet does and lays it out. Fields
 // are numbered in ordinal-position order (ties keep the order given).
 // DaoException naming the problem when Jet would refuse the definition.
-TableSpec SpecFromTableDef(const TableDef& def);
+TableLayout LayoutFromTableDef(const TableDef& def);
 
 // Checks a table or field name: 1..64 characters, none of . ! ` [ ] or a
 // control character, not starting with a space. DaoException otherwise.

@@ -1,4 +1,4 @@
-#include "table_spec.h"
+#include "table_layout.h"
 
 #include <algorithm>
 #include <numeric>
@@ -36,27 +36,27 @@ std::uint8_t JetType(int dao_type) noexcept {
 
 std::uint16_t FixedTypeSize(std::uint8_t type) noexcept { return format::FixedValueSize(type); }
 
-std::uint16_t TableSpec::VariableCount() const noexcept {
+std::uint16_t TableLayout::VariableCount() const noexcept {
   return static_cast<std::uint16_t>(
-      std::count_if(columns.begin(), columns.end(), [](const ColumnSpec& c) { return !c.fixed(); }));
+      std::count_if(columns.begin(), columns.end(), [](const ColumnLayout& c) { return !c.fixed(); }));
 }
 
-std::uint16_t TableSpec::FixedSize() const noexcept {
+std::uint16_t TableLayout::FixedSize() const noexcept {
   std::uint16_t size = 0;
-  for (const ColumnSpec& column : columns) {
+  for (const ColumnLayout& column : columns) {
     if (column.fixed()) size = std::max<std::uint16_t>(size, column.fixed_offset + FixedTypeSize(column.type));
   }
   return size;
 }
 
-void TableSpec::Place() {
-  std::vector<ColumnSpec*> by_number;
-  for (ColumnSpec& column : columns) by_number.push_back(&column);
+void TableLayout::Place() {
+  std::vector<ColumnLayout*> by_number;
+  for (ColumnLayout& column : columns) by_number.push_back(&column);
   std::sort(by_number.begin(), by_number.end(),
-            [](const ColumnSpec* a, const ColumnSpec* b) { return a->number < b->number; });
+            [](const ColumnLayout* a, const ColumnLayout* b) { return a->number < b->number; });
   std::uint16_t var_seen = 0;
   std::uint16_t fixed_end = 0;
-  for (ColumnSpec* column : by_number) {
+  for (ColumnLayout* column : by_number) {
     if (column->fixed()) {
       column->var_index = var_seen;
       column->fixed_offset = column->type == format::kBoolean ? 0 : fixed_end;
@@ -84,14 +84,14 @@ void CheckObjectName(const std::string& name, const char* what) {
   }
 }
 
-TableSpec SpecFromTableDef(const TableDef& def) {
+TableLayout LayoutFromTableDef(const TableDef& def) {
   CheckObjectName(def.name, "table");
   if (def.fields.empty()) throw DaoException("Table '" + def.name + "' has no fields.");
   if (def.fields.size() > kMaxColumns) {
     throw DaoException("Too many fields defined: table '" + def.name + "' has " +
                        std::to_string(def.fields.size()) + " fields; Jet allows 255.");
   }
-  TableSpec spec;
+  TableLayout spec;
   spec.name = def.name;
 
   std::vector<std::size_t> order(def.fields.size());
@@ -102,12 +102,12 @@ TableSpec SpecFromTableDef(const TableDef& def) {
   for (std::size_t i = 0; i < order.size(); ++i) {
     const FieldInfo& field = def.fields[order[i]];
     CheckObjectName(field.name, "field");
-    for (const ColumnSpec& other : spec.columns) {
+    for (const ColumnLayout& other : spec.columns) {
       if (platform::CompareNoCase1252(other.name, field.name) == 0) {
         throw DaoException("Field '" + field.name + "' is defined twice in table '" + def.name + "'.");
       }
     }
-    ColumnSpec column;
+    ColumnLayout column;
     column.name = field.name;
     column.type = JetType(field.type);
     if (column.type == 0) {
@@ -145,7 +145,7 @@ TableSpec SpecFromTableDef(const TableDef& def) {
   bool have_primary = false;
   for (const IndexInfo& index : def.indexes) {
     CheckObjectName(index.name, "index");
-    for (const LogicalIndexSpec& other : spec.indexes) {
+    for (const LogicalIndexLayout& other : spec.indexes) {
       if (platform::CompareNoCase1252(other.name, index.name) == 0) {
         throw DaoException("Index '" + index.name + "' already exists on table '" + def.name + "'.");
       }
@@ -160,9 +160,9 @@ TableSpec SpecFromTableDef(const TableDef& def) {
       if (have_primary) throw DaoException("Table '" + def.name + "' already has a primary key.");
       have_primary = true;
     }
-    RealIndexSpec real;
+    RealIndexLayout real;
     for (const IndexField& key : index.fields) {
-      auto found = std::find_if(spec.columns.begin(), spec.columns.end(), [&](const ColumnSpec& c) {
+      auto found = std::find_if(spec.columns.begin(), spec.columns.end(), [&](const ColumnLayout& c) {
         return platform::CompareNoCase1252(c.name, key.name) == 0;
       });
       if (found == spec.columns.end()) {
@@ -177,7 +177,7 @@ TableSpec SpecFromTableDef(const TableDef& def) {
     if (index.unique || index.primary) real.flags |= format::kIndexUnique;
     if (index.ignore_nulls) real.flags |= format::kIndexIgnoreNulls;
     if (index.required || index.primary) real.flags |= format::kIndexRequired;
-    LogicalIndexSpec logical;
+    LogicalIndexLayout logical;
     logical.name = index.name;
     logical.number = static_cast<std::uint32_t>(spec.indexes.size());
     logical.real = static_cast<std::uint32_t>(spec.real_indexes.size());
