@@ -8,7 +8,7 @@
 #include "format.h"
 #include "general_sort_order.h"
 #include "kvdao/jet/dao_exception.h"
-#include "text_codec.h"
+#include "kvdao/platform/code_page.h"
 
 namespace kvdao::jet::internal {
 namespace {
@@ -161,7 +161,7 @@ void AppendTextColumn(const Variant& value, bool ascending, std::vector<std::uin
   std::string_view text = value.text();
   if (text.size() > kMaxIndexedTextChars) text = text.substr(0, kMaxIndexedTextChars);
   char32_t characters[kMaxIndexedTextChars];
-  for (std::size_t i = 0; i < text.size(); ++i) characters[i] = Cp1252ToUnicode(static_cast<unsigned char>(text[i]));
+  for (std::size_t i = 0; i < text.size(); ++i) characters[i] = platform::CodePointFrom1252(static_cast<unsigned char>(text[i]));
   AppendGeneralTextKey(std::u32string_view(characters, text.size()), ascending, key);
 }
 

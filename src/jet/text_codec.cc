@@ -60,25 +60,6 @@ char UnicodeToCp1252(char32_t c) noexcept {
   return c < 0x80 ? static_cast<char>(c) : platform::ByteFrom1252CodePoint(c);
 }
 
-char32_t Cp1252ToUnicode(unsigned char c) noexcept { return platform::CodePointFrom1252(c); }
-
-void AppendUtf8(std::string& out, char32_t c) {
-  if (c < 0x80) {
-    out += static_cast<char>(c);
-  } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (c >> 18));
-    out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
-  }
-}
 
 void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
   // Fast path: plain UCS-2 whose characters are all ASCII (most stored text),
@@ -109,7 +90,7 @@ void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out) {
       if (c < 0x80) {
         out += static_cast<char>(c);
       } else {
-        AppendUtf8(out, c);
+        platform::AppendUtf8(out, c);
       }
     });
   } else {
@@ -122,7 +103,7 @@ void AppendJet3Text(Bytes stored, TextEncoding encoding, std::string& out) {
     out.append(reinterpret_cast<const char*>(stored.data()), stored.size());
     return;
   }
-  for (std::uint8_t byte : stored) AppendUtf8(out, Cp1252ToUnicode(byte));
+  for (std::uint8_t byte : stored) platform::AppendUtf8(out, platform::CodePointFrom1252(byte));
 }
 
 }  // namespace kvdao::jet::internal

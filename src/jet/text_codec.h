@@ -15,9 +15,6 @@ namespace kvdao::jet::internal {
 
 // Code page 1252 byte for a Unicode character, or '?' when it has none.
 char UnicodeToCp1252(char32_t c) noexcept;
-// Unicode character of a code page 1252 byte.
-char32_t Cp1252ToUnicode(unsigned char c) noexcept;
-void AppendUtf8(std::string& out, char32_t c);
 
 // Appends Jet 4 text (plain or compressed UCS-2) to out in the encoding asked for.
 void AppendJet4Text(Bytes stored, TextEncoding encoding, std::string& out);

@@ -13,6 +13,9 @@ namespace platform {
 char32_t CodePointFrom1252(unsigned char byte) noexcept;
 char ByteFrom1252CodePoint(char32_t cp) noexcept;
 
+// Appends one Unicode character to UTF-8 text.
+void AppendUtf8(std::string& out, char32_t cp);
+
 // Code page 1252 to UTF-8: every byte maps to one Unicode character (the five
 // bytes the code page leaves undefined map to the C1 control of the same
 // number, so nothing is lost). `out` is replaced.
