@@ -3,6 +3,7 @@
 #include "checked_list.h"
 #include "kvdao/genericbatch/generic_file.h"
 #include "kvdao/platform/atomic_file.h"
+#include "kvdao/platform/profile.h"
 
 namespace kvdao {
 
@@ -70,6 +71,9 @@ int GenericBatch::GetPlate(int index, GenericPlate& plate) const {
 }
 
 int GenericBatch::Read(const std::string& file, const std::string& sep) {
+  // Thousands of keys are looked up in one go: the file is checked on disk
+  // once for the whole read, not once a key.
+  platform::ProfileSnapshot snapshot(file);
   const std::string& batch = SectionPrefix;
   int count = 0;
   ReadGenericInteger(count, file, batch, NumberOfPlatesEntry);

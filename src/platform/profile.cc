@@ -82,10 +82,46 @@ std::string_view OrEmpty(const char* text) { return text != nullptr ? text : "";
 
 }  // namespace
 
+// One file held by a ProfileSnapshot; the pins of a thread form a stack.
+struct ProfileSnapshot::Pin {
+  std::string path;
+  std::shared_ptr<const IniDocument> document;
+  Pin* previous = nullptr;
+};
+
+namespace {
+
+thread_local ProfileSnapshot::Pin* tl_pins = nullptr;
+
+ProfileSnapshot::Pin* PinOf(const std::string& path) {
+  for (ProfileSnapshot::Pin* pin = tl_pins; pin != nullptr; pin = pin->previous) {
+    if (pin->path == path) return pin;
+  }
+  return nullptr;
+}
+
+// The parsed file: a snapshot's when this thread holds one, else the cache's.
+std::shared_ptr<const IniDocument> Document(const std::string& path) {
+  if (ProfileSnapshot::Pin* pin = PinOf(path)) return pin->document;
+  return ProfileCache::Instance().Get(path);
+}
+
+}  // namespace
+
+ProfileSnapshot::ProfileSnapshot(const std::string& path)
+    : pin_(new Pin{path, Document(path), tl_pins}) {
+  tl_pins = pin_;
+}
+
+ProfileSnapshot::~ProfileSnapshot() {
+  tl_pins = pin_->previous;
+  delete pin_;
+}
+
 std::string GetPrivateProfileString(const char* section, const char* key,
                                     const char* defaultValue, const std::string& path) {
   if (section != nullptr && key != nullptr) {
-    auto document = ProfileCache::Instance().Get(path);
+    auto document = Document(path);
     if (auto value = document->Find(section, key)) return std::string(*value);
   }
   return std::string(OrEmpty(defaultValue));
@@ -103,7 +139,7 @@ std::string GetPrivateProfileString(const char* section, const char* key,
 int GetPrivateProfileInt(const char* section, const char* key, int defaultValue,
                          const std::string& path) {
   if (section == nullptr || key == nullptr) return defaultValue;
-  auto document = ProfileCache::Instance().Get(path);
+  auto document = Document(path);
   auto value = document->Find(section, key);
   if (!value) return defaultValue;
   std::string_view text = *value;
@@ -137,15 +173,15 @@ int GetPrivateProfileInt(const char* section, const char* key, int defaultValue,
 
 std::vector<std::string> GetPrivateProfileKeys(const char* section, const std::string& path) {
   if (section == nullptr) return {};
-  return ProfileCache::Instance().Get(path)->Keys(section);
+  return Document(path)->Keys(section);
 }
 
 std::vector<std::string> GetPrivateProfileSectionNames(const std::string& path) {
-  return ProfileCache::Instance().Get(path)->SectionNames();
+  return Document(path)->SectionNames();
 }
 
 std::size_t GetPrivateProfileSectionCount(const std::string& path) {
-  return ProfileCache::Instance().Get(path)->SectionCount();
+  return Document(path)->SectionCount();
 }
 
 bool WritePrivateProfileString(const char* section, const char* key, const char* value,
@@ -155,7 +191,14 @@ bool WritePrivateProfileString(const char* section, const char* key, const char*
   std::lock_guard<std::mutex> lock(cache.WriteMutex());
   IniDocument document = *cache.Get(path);
   document.Set(section, key, value);
-  return ReplaceFileContents(path, document.Text());
+  if (!ReplaceFileContents(path, document.Text())) return false;
+  if (PinOf(path) != nullptr) {
+    auto written = std::make_shared<const IniDocument>(std::move(document));
+    for (ProfileSnapshot::Pin* pin = tl_pins; pin != nullptr; pin = pin->previous) {
+      if (pin->path == path) pin->document = written;
+    }
+  }
+  return true;
 }
 
 }  // namespace kvdao::platform

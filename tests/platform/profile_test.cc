@@ -78,6 +78,25 @@ TEST_F(ProfileTest, ChangesOnDiskAreNoticed) {
   EXPECT_EQ(GetPrivateProfileString("S", "Key", "gone", path), "gone");
 }
 
+TEST_F(ProfileTest, ASnapshotHoldsTheFileUntilItEndsButSeesItsOwnWrites) {
+  std::string path = Ini("[S]\nKey=old\n");
+  {
+    ProfileSnapshot outer(path);
+    test::WriteFile(path, "[S]\nKey=changed on disk, longer\n");
+    EXPECT_EQ(GetPrivateProfileString("S", "Key", "", path), "old");
+    {
+      ProfileSnapshot inner(path);
+      ASSERT_TRUE(WritePrivateProfileString("S", "Other", "mine", path));
+      EXPECT_EQ(GetPrivateProfileString("S", "Other", "", path), "mine");
+      // The write went to the file as it is on disk now.
+      EXPECT_EQ(GetPrivateProfileString("S", "Key", "", path), "changed on disk, longer");
+    }
+    EXPECT_EQ(GetPrivateProfileString("S", "Other", "", path), "mine");
+  }
+  test::WriteFile(path, "[S]\nKey=after\n");
+  EXPECT_EQ(GetPrivateProfileString("S", "Key", "", path), "after");
+}
+
 TEST_F(ProfileTest, WritingChangesOneKeyAndLeavesOtherLinesAlone) {
   std::string path = Ini(
       "; batch file\r\n"

@@ -14,7 +14,9 @@
 //  - both "\n" and "\r\n" line ends are read.
 // A file is parsed once and served from memory; every look-up checks (one
 // stat call) whether the file changed on disk since, and parses it again
-// only then. Look-ups and writes are safe from several threads.
+// only then. Look-ups and writes are safe from several threads. A reader
+// that looks up many keys of one file in one go holds a ProfileSnapshot,
+// which spares it that check for each key.
 //
 // Writing replaces or adds one key (creating the section, or the file, as
 // needed) and leaves every other line exactly as it was. The file is never
@@ -58,5 +60,23 @@ std::size_t GetPrivateProfileSectionCount(const std::string& path);
 // written (the old file is then untouched).
 bool WritePrivateProfileString(const char* section, const char* key, const char* value,
                                const std::string& path);
+
+// While a snapshot lives, look-ups of `path` on the constructing thread are
+// served from the file as it was parsed when the snapshot was taken, without
+// asking the disk again for each key; writes to `path` from this thread are
+// seen at once. Snapshots nest and must be destroyed in reverse order of
+// construction (hold them as locals).
+class ProfileSnapshot {
+ public:
+  explicit ProfileSnapshot(const std::string& path);
+  ~ProfileSnapshot();
+  ProfileSnapshot(const ProfileSnapshot&) = delete;
+  ProfileSnapshot& operator=(const ProfileSnapshot&) = delete;
+
+  struct Pin;  // the held file; defined inside the library
+
+ private:
+  Pin* pin_;
+};
 
 }  // namespace kvdao::platform
